@@ -1,0 +1,155 @@
+#include "strings/core/edit.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace qvStrings {
+
+namespace {
+
+/// Moves units; the ranges may overlap. A count of 0 accepts any pointers.
+template <typename Unit>
+void moveUnits(Unit* target, Unit const* source, unsigned count)
+{
+    if (count != 0)
+        std::memmove(target, source, count * sizeof(Unit));
+}
+
+template <typename Unit>
+void zeroUnits(Unit* target, unsigned count)
+{
+    std::memset(target, 0, count * sizeof(Unit));
+}
+
+} // namespace
+
+template <typename Unit>
+void assign(TextRef<Unit> self, Unit const* source, unsigned count)
+{
+    assignUnclipped(self, source, std::min(count, self.capacity()));
+}
+
+template <typename Unit>
+void assignCleared(TextRef<Unit> self, Unit const* source, unsigned count)
+{
+    unsigned const kept = std::min(count, self.capacity());
+    moveUnits(self.text(), source, kept);
+    zeroUnits(self.text() + kept, self.capacity() + 1 - kept);
+    self.storeLength(kept);
+}
+
+template <typename Unit>
+void assignUnclipped(TextRef<Unit> self, Unit const* source, unsigned count)
+{
+    moveUnits(self.text(), source, count);
+    self.endAt(count);
+}
+
+template <typename Unit>
+void append(TextRef<Unit> self, Unit const* source, unsigned count)
+{
+    unsigned const kept = std::min(count, self.room());
+    unsigned const length = self.length();
+    moveUnits(self.text() + length, source, kept);
+    self.endAt(length + kept);
+}
+
+template <typename Unit>
+void appendRepeating(TextRef<Unit> self, TextRef<Unit const> source)
+{
+    if (!same(self, source)) {
+        append(self, source.text(), source.length());
+        return;
+    }
+    Unit* const text = self.text();
+    unsigned const length = self.length();
+    unsigned const end = length == 0 ? 0 : length + self.room();
+    for (unsigned i = length; i < end; ++i)
+        text[i] = text[i - length];
+    self.endAt(end);
+}
+
+template <typename Unit>
+void fill(TextRef<Unit> self, Unit unit, unsigned count)
+{
+    unsigned const kept = std::min(count, self.capacity());
+    std::fill_n(self.text(), kept, unit);
+    self.endAt(kept);
+}
+
+template <typename Unit>
+void rebuild(TextRef<Unit> self, unsigned head, Unit const* middle, unsigned middleCount,
+             long long tailFrom, unsigned tailCount)
+{
+    unsigned const capacity = self.capacity();
+    unsigned const headKept = std::min(head, capacity);
+    unsigned const middleKept = std::min(middleCount, capacity - headKept);
+    unsigned const tailAt = headKept + middleKept;
+    unsigned const tailKept = std::min(tailCount, capacity - tailAt);
+    // The tail leaves before the middle may overwrite it; the head stands already.
+    copyOut<Unit>(self, tailFrom, tailKept, self.text() + tailAt);
+    moveUnits(self.text() + headKept, middle, middleKept);
+    unsigned const length = tailAt + tailKept;
+    self.storeLength(length);
+    if (length != 0)
+        self.terminate();
+}
+
+template <typename Unit>
+void removeRange(TextRef<Unit> self, int start, int count)
+{
+    // Unsigned on purpose: a range that leaves the text wraps to a count that the clip cuts.
+    auto const head = static_cast<unsigned>(start);
+    unsigned const tailCount = self.length() - head - static_cast<unsigned>(count);
+    rebuild<Unit>(self, head, self.text(), 0, static_cast<long long>(start) + count, tailCount);
+}
+
+template <typename Unit>
+void copyOut(TextRef<Unit const> self, long long from, unsigned count, Unit* target)
+{
+    // Byte offsets in the object: of the wanted range, and of the part of it that is inside.
+    constexpr long long unitSize = sizeof(Unit);
+    long long const begin = self.layout().textAt + from * unitSize;
+    long long const end = begin + count * unitSize;
+    long long const insideBegin = std::clamp(0LL, begin, end);
+    long long const insideEnd = std::clamp<long long>(self.layout().objectSize, insideBegin, end);
+    auto* const bytes = reinterpret_cast<unsigned char*>(target);
+    if (insideBegin < insideEnd)
+        std::memmove(bytes + (insideBegin - begin), self.object() + insideBegin,
+                     static_cast<std::size_t>(insideEnd - insideBegin));
+    std::memset(bytes, 0, static_cast<std::size_t>(insideBegin - begin));
+    std::memset(bytes + (insideEnd - begin), 0, static_cast<std::size_t>(end - insideEnd));
+}
+
+template <typename Unit>
+void calcLength(TextRef<Unit> self)
+{
+    Unit const* const text = self.text();
+    self.endAt(static_cast<unsigned>(std::find(text, text + self.capacity(), Unit{0}) - text));
+}
+
+template <typename Unit>
+void clearUnused(TextRef<Unit> self)
+{
+    // A damaged length leaves nothing inside the text to clear.
+    if (self.length() <= self.capacity())
+        zeroUnits(self.text() + self.length(), self.capacity() + 1 - self.length());
+}
+
+#define QV_INSTANTIATE(Unit)                                                                       \
+    template void assign(TextRef<Unit>, Unit const*, unsigned);                                    \
+    template void assignCleared(TextRef<Unit>, Unit const*, unsigned);                             \
+    template void assignUnclipped(TextRef<Unit>, Unit const*, unsigned);                           \
+    template void append(TextRef<Unit>, Unit const*, unsigned);                                    \
+    template void appendRepeating(TextRef<Unit>, TextRef<Unit const>);                             \
+    template void fill(TextRef<Unit>, Unit, unsigned);                                             \
+    template void rebuild(TextRef<Unit>, unsigned, Unit const*, unsigned, long long, unsigned);    \
+    template void removeRange(TextRef<Unit>, int, int);                                            \
+    template void copyOut(TextRef<Unit const>, long long, unsigned, Unit*);                        \
+    template void calcLength(TextRef<Unit>);                                                       \
+    template void clearUnused(TextRef<Unit>);
+
+QV_INSTANTIATE(char)
+QV_INSTANTIATE(unsigned short)
+
+} // namespace qvStrings

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <cstring>
+#include <type_traits>
+
+namespace qvStrings {
+
+/// Where the parts of a fixed string lie in its object. Offsets and size in bytes, the capacity
+/// in units. Eight bytes, so that a TextRef travels in two registers.
+struct Layout
+{
+    unsigned short textAt;
+    unsigned short lengthAt;
+    unsigned short capacity;
+    unsigned short objectSize;
+};
+
+/// A string object of any image and capacity as the core sees it: its first byte and its layout.
+/// `Unit` is `char` or `unsigned short`, const for a string that is only read.
+///
+/// All access goes through the bytes of the whole object and never through a member array:
+/// some rules let text run into the length behind it (older images), which the compiler
+/// must not take for two unrelated objects.
+template <typename Unit>
+class TextRef
+{
+    using Byte = std::conditional_t<std::is_const_v<Unit>, unsigned char const, unsigned char>;
+
+public:
+    using Value = std::remove_const_t<Unit>;
+
+    TextRef(Byte* object, Layout const& layout) : object_(object), layout_(layout) {}
+
+    /// A string that may be written may be read.
+    operator TextRef<Value const>() const { return {object_, layout_}; }
+
+    Unit* text() const { return reinterpret_cast<Unit*>(object_ + layout_.textAt); }
+    unsigned capacity() const { return layout_.capacity; }
+    Byte* object() const { return object_; }
+    Layout const& layout() const { return layout_; }
+
+    /// The stored length, which only damaged records hold above the capacity.
+    unsigned length() const
+    {
+        unsigned short stored;
+        std::memcpy(&stored, object_ + layout_.lengthAt, sizeof stored);
+        return stored;
+    }
+
+    /// Units that still fit; 0 also for a damaged length.
+    unsigned room() const { return length() < capacity() ? capacity() - length() : 0; }
+
+    /// Stores the length (its low 16 bits) and nothing else.
+    void storeLength(unsigned length) const
+    {
+        auto const stored = static_cast<unsigned short>(length);
+        std::memcpy(object_ + layout_.lengthAt, &stored, sizeof stored);
+    }
+
+    /// Writes the terminator behind the text.
+    void terminate() const { text()[length()] = 0; }
+
+    /// Stores the length and writes the terminator behind it.
+    void endAt(unsigned length) const
+    {
+        storeLength(length);
+        terminate();
+    }
+
+private:
+    Byte* object_;
+    Layout layout_;
+};
+
+/// True when both stand for one and the same object.
+template <typename Unit, typename Other>
+bool same(TextRef<Unit> const& a, TextRef<Other> const& b)
+{
+    return a.object() == b.object();
+}
+
+} // namespace qvStrings

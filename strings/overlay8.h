@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstring>
+
+/// Opaque view of a `_qvString8_allSize<M>` of any capacity M: length and text start at the same
+/// offsets in all of them, so code with the view reads both without knowing M. The view carries
+/// no capacity: the stored length is all that a receiver can trust. Declared, never defined; a
+/// pointer to it is owned by the string it views.
+class _qvString8_Uni_pointer;
+
+namespace qvStrings {
+
+/// What a view shows.
+struct OverlayText8
+{
+    char const* text;
+    unsigned length;
+};
+
+/// Reads a view by bytes at the offsets that all capacities share, never through the class of
+/// some other capacity. Does not accept null.
+inline OverlayText8 overlayText8(_qvString8_Uni_pointer const* view)
+{
+    auto const* const bytes = reinterpret_cast<char const*>(view);
+    unsigned short length;
+    std::memcpy(&length, bytes, sizeof length);
+    return {bytes + sizeof length, length};
+}
+
+} // namespace qvStrings
