@@ -1,0 +1,49 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+/// Four checksums over blocks of bytes. All take their input as bytes in memory order and give
+/// plain integers, so a block has the same checksum on every machine. None can fail; none reads
+/// `data` when the length is 0, so null is fine then.
+///
+/// Threads: once `qvCRCulTable` stands, everything here only reads shared data. A program with
+/// several threads calls `qvCRCInitialize` before it starts them.
+
+/// Table of the CRC-32, in reflected form: zero at start, filled by `qvCRCInitialize`.
+extern unsigned int qvCRCulTable[256];
+
+/// True once `qvCRCulTable` is complete; never cleared again.
+extern bool qvCRCulTableInitialized;
+
+/// Table of the CRC-64, in reflected form; a constant.
+extern std::array<std::uint64_t, 256> const crctab64;
+
+/// Table of the CRC-16, most significant bit first; a constant.
+extern std::array<std::uint16_t, 256> const crc16tab;
+
+/// The low `bits` bits of `value`, mirrored; higher bits are dropped. `bits` counts as a signed
+/// byte: 0 and below give 0, and above 32 the target position wraps modulo 32 (intended).
+unsigned int qvCRCReflect(unsigned int value, char bits);
+
+/// Builds `qvCRCulTable`, then sets `qvCRCulTableInitialized`. May be called again.
+void qvCRCInitialize();
+
+/// Advances the CRC-32 state `*crc` over `length` bytes, storing it back after every byte. Sets
+/// no initial value and inverts nothing: start with 0xFFFFFFFF, chain blocks, invert at the end.
+/// Does not build the table: the caller sees to that by `qvCRCInitialize` or any `qvCRCCalc`.
+void qvCRCPartial(unsigned int* crc, unsigned char const* data, unsigned int length);
+
+/// CRC-32/ISO-HDLC of `length` bytes; 0 for an empty block. Builds the table at its first call.
+unsigned int qvCRCCalc(unsigned char const* data, unsigned int const& length);
+
+/// CRC-64/REDIS of `length` bytes; 0 for an empty block.
+std::uint64_t qvCRCCalc64(void const* data, unsigned long length);
+
+/// CRC-16/XMODEM of `length` bytes; 0 for an empty block. Blocks stay below 4 GiB.
+std::uint16_t qvCRCCalc16(unsigned char const* data, unsigned long length);
+
+/// No CRC in spite of its name: the XOR of `length` bytes. With `everySecondByte` the length
+/// counts little-endian 16-bit units and the XOR takes their low bytes only, so 2 * length - 1
+/// bytes are read. 0 for an empty block. Blocks stay below 4 GiB.
+unsigned char qvCRCCalc8(unsigned char const* data, unsigned long length, bool everySecondByte);
