@@ -1,0 +1,101 @@
+#pragma once
+
+#include "segment/qvSystem.h"
+
+/// A named System V shared-memory segment: 8 bytes of prefix (the lock byte at offset 0, seven
+/// reserved bytes), then the caller's record. Programs meet in it by name, since the key is
+/// derived from the name. docs/mailbox.md shows the segment and its lock.
+///
+/// Use: construct, `attach()` or `create()`, `size()` and `data()`, `lock()` and `unlock()`
+/// around every look at the record, `detach()`. The last process to leave removes the segment,
+/// also one that only attached.
+///
+/// Failures are told by a false or null result together with `error()` and `errorString()`;
+/// nothing throws or ends the process. An object serves one thread and allocates nothing.
+///
+/// The lock is cooperative: a byte that is read and then written by plain accesses, without an
+/// owner. Two processes that read 0 at the same moment both take it, and a holder that dies
+/// leaves it taken. The design rests on holders being brief.
+///
+/// The fields are public to be looked at; only the members change them.
+class qvSharedMemory
+{
+public:
+    /// The segment named "QV_", `givenName`, "_1234567", cut at 250 characters. Calls nothing in
+    /// the system.
+    explicit qvSharedMemory(_qvString8_allSize<250> const& givenName);
+
+    /// `clearAll()`.
+    ~qvSharedMemory();
+
+    qvSharedMemory(qvSharedMemory const&) = delete; // owns its mapping
+    qvSharedMemory& operator=(qvSharedMemory const&) = delete;
+
+    /// Makes a new segment for a record of `size` bytes, with the rights 0666 and a free lock
+    /// byte, and maps it. False when the object holds a segment or key already, when the segment
+    /// exists, when the system refuses the size, or for any other failure; a `size` of 0 or below
+    /// is false with no error set. The two flags have no effect: other programs of the farm pass
+    /// them.
+    bool create(int size, bool, bool);
+
+    /// Finds the existing segment, asking for the rights 0660, and maps it, leaving first
+    /// whatever this object had. Looks at neither lock byte nor record. False on failure; after a
+    /// failed size query the mapping stays although the call reports failure.
+    bool attach();
+
+    /// Leaves the segment, releasing the lock if this object holds it. Always true; a failure of
+    /// the calls underneath shows in the error state only.
+    bool detach();
+
+    /// Releases a held lock, unmaps, removes the segment if nobody is attached any more, forgets
+    /// the key. Leaves the error state alone unless one of these steps fails or the lock had to
+    /// be released. Attaching between the question and the removal is possible: the mapping made
+    /// then stays valid, but later attachers find nothing.
+    void clearAll();
+
+    /// Bytes of the record: `totalSize` less 8, whatever the state; -9 before the first attach.
+    int size() const;
+
+    /// The record, 8 bytes behind `base`. Null with an error set when not attached.
+    void* data();
+
+    /// Takes the lock. Waits for a taken one in at most 25 sleeps of 100 ms. False when not
+    /// attached, when this object holds it already, or when it stays taken. A free lock costs no
+    /// system call.
+    bool lock();
+
+    /// Gives the lock back. False when not attached or when this object does not hold it.
+    bool unlock();
+
+    /// Records `errno` as `errorCode` and "`text`: " with the system's text as `errorText`, cut
+    /// at 250 characters.
+    void setError(_qvString8_allSize<250> text);
+
+    /// Empties the error state.
+    void clearError();
+
+    /// The last error: 0 none; -1 a call that does not fit the state, or no lock; 2, 4, 5 the
+    /// class's own (size, exists, does not exist); else the `errno` of a system call.
+    int error() const;
+
+    /// A copy of the last error's text; empty for none.
+    _qvString8_allSize<250> errorString() const;
+
+    _qvString8_allSize<250> name;               ///< Text that the key is computed from.
+    _qvString8_allSize<250> globalName;         ///< "Global\" and `name`; kept, read by nothing.
+    _qvString8_allSize<250> errorText;          ///< Text of the last error.
+    int errorCode = 0;                          ///< Code of the last error.
+    bool locked = false;                        ///< This object holds the lock.
+    bool attached = false;                      ///< This object has the segment mapped and usable.
+    unsigned char* base = nullptr;              ///< First byte of the segment in this process.
+    unsigned char volatile* lockByte = nullptr; ///< Equals `base` once mapped.
+    int totalSize = -1;                         ///< Bytes of the whole segment.
+    unsigned short modeWord = 1;                ///< Kept, read by nothing.
+    int key = 0;                                ///< System V key in use; 0 means none.
+
+private:
+    bool fail(int code, char const* text);
+    void computeKey();
+    bool map(int id);
+    void removeIfLast();
+};

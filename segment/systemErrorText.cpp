@@ -1,0 +1,14 @@
+// strerror_r exists in two forms, and only the portable one reports a number that the system does
+// not know. g++ asks for the other by predefining _GNU_SOURCE, so this file, which includes
+// nothing else, takes that back.
+#undef _GNU_SOURCE
+#define _POSIX_C_SOURCE 200809L
+
+#include "segment/systemErrorText.h"
+
+#include <string.h>
+
+bool systemErrorText(int code, char* buffer, std::size_t size)
+{
+    return strerror_r(code, buffer, size) == 0;
+}
