@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+/// Most messages that the queue holds.
+inline constexpr int maxClientMessages = 30;
+
+/// The client's record in its shared segment, as far as a sender touches it: three format fields
+/// and the queue. A format shared between processes, in the machine's own byte order;
+/// docs/mailbox.md draws it. The rest belongs to the client.
+///
+/// The queue is three parallel arrays and one count. It is looked at and changed under the
+/// segment's lock only.
+struct qvClientMailbox
+{
+    std::uint32_t recordMarker; ///< Format marker: 517.
+    unsigned char clientOwned1[924];
+    std::uint16_t stateMarker; ///< Format marker: 3077.
+    std::uint16_t stateFlag;   ///< Must not be 0; a client writes 1.
+    unsigned char clientOwned2[1069];
+    unsigned char messageCount;                    ///< Messages in the queue, 0 to 30.
+    unsigned char messageKind[maxClientMessages];  ///< 2 in every entry of this tool.
+    unsigned char messageType[maxClientMessages];  ///< Says how to read the value.
+    std::uint16_t messageValue[maxClientMessages]; ///< Command code or number.
+    unsigned char clientOwned3[20866];
+};
+
+/// Bytes of the record: the least that a segment must offer behind its prefix.
+inline constexpr int clientRecordSize = 22988;
+
+/// What the format fields must hold, and what `stateFlag` is reported against.
+inline constexpr int clientRecordMarker = 517;
+inline constexpr int clientStateMarker = 3077;
+inline constexpr int clientStateFlag = 1;
+
+static_assert(sizeof(qvClientMailbox) == clientRecordSize);
+static_assert(offsetof(qvClientMailbox, recordMarker) == 0);
+static_assert(offsetof(qvClientMailbox, stateMarker) == 928);
+static_assert(offsetof(qvClientMailbox, stateFlag) == 930);
+static_assert(offsetof(qvClientMailbox, messageCount) == 2001);
+static_assert(offsetof(qvClientMailbox, messageKind) == 2002);
+static_assert(offsetof(qvClientMailbox, messageType) == 2032);
+static_assert(offsetof(qvClientMailbox, messageValue) == 2062);

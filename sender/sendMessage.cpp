@@ -1,0 +1,71 @@
+#include "sender/sendMessage.h"
+
+#include "segment/qvSharedMemory.h"
+#include "sender/deferredSignals.h"
+#include "sender/outcome.h"
+#include "sender/qvClientMailbox.h"
+
+namespace {
+
+/// `messageKind` of every entry of this tool.
+constexpr unsigned char toolKind = 2;
+
+/// Judges the record and appends the message. The lock is held: the record is reached by plain
+/// volatile accesses, in this order.
+void enqueue(qvClientMailbox volatile& record, ClientMessage const& message)
+{
+    auto const recordMarker = static_cast<int>(record.recordMarker);
+    int const stateMarker = record.stateMarker;
+    int const stateFlag = record.stateFlag;
+    if (recordMarker != clientRecordMarker || stateMarker != clientStateMarker || stateFlag == 0) {
+        outcome::wrongFormat(recordMarker, stateMarker, stateFlag);
+        return;
+    }
+
+    // Read once: a neighbour that breaks the lock cannot move the write out of the queue.
+    unsigned char const count = record.messageCount;
+    if (count >= maxClientMessages) {
+        outcome::queueFull();
+        return;
+    }
+    record.messageCount = static_cast<unsigned char>(count + 1); // ahead of its entry, intended
+    record.messageKind[count] = toolKind;
+    record.messageType[count] = static_cast<unsigned char>(message.type);
+    record.messageValue[count] = message.value;
+    outcome::stored();
+}
+
+/// The steps between attaching and leaving; the first that fails is reported and ends them.
+void deliver(qvSharedMemory& segment, ClientMessage const& message)
+{
+    if (segment.size() < clientRecordSize) {
+        outcome::wrongSize(segment.size());
+        return;
+    }
+    auto* const record = static_cast<qvClientMailbox volatile*>(segment.data());
+    if (record == nullptr) {
+        outcome::accessFailed(segment.errorString());
+        return;
+    }
+
+    DeferredSignals const untilUnlocked;
+    if (!segment.lock()) {
+        outcome::lockFailed(segment.errorString());
+        return;
+    }
+    enqueue(*record, message);
+    segment.unlock();
+}
+
+} // namespace
+
+void sendMessage(ClientMessage const& message)
+{
+    qvSharedMemory segment("qvClientSharedMemory");
+    if (!segment.attach()) {
+        outcome::attachFailed(segment.errorString());
+        return; // the destructor leaves what there is to leave
+    }
+    deliver(segment, message);
+    segment.detach();
+}
