@@ -1,0 +1,13 @@
+# `./dev package`: a .deb of the tool, one of the library, and a tar.gz of both.
+set(CPACK_PACKAGE_NAME qvnodedispatch)
+set(CPACK_PACKAGE_CONTACT "qvNodeDispatch contributors <contributors@qvnodedispatch.invalid>")
+set(CPACK_PACKAGE_FILE_NAME ${CPACK_PACKAGE_NAME}-${PROJECT_VERSION}-${CMAKE_SYSTEM_PROCESSOR})
+set(CPACK_GENERATOR TGZ DEB)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_TOOL_PACKAGE_NAME qvnodedispatch)
+set(CPACK_DEBIAN_DEV_PACKAGE_NAME libqv-dev)
+set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_STRIP_FILES ON)
+include(CPack)

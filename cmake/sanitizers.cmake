@@ -1,0 +1,5 @@
+if(QV_SANITIZE)
+    add_compile_options(-fsanitize=${QV_SANITIZE} -fno-sanitize-recover=all
+        -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=${QV_SANITIZE})
+endif()
