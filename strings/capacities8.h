@@ -30,14 +30,56 @@
     DO(3000)                                                                                       \
     DO(5000)
 
+/// `_qvString8_evenSize_old<N>` with its members: 17.
+#define QV_STRING8_EVEN_OLD_CAPACITIES(DO)                                                         \
+    DO(6)                                                                                          \
+    DO(8)                                                                                          \
+    DO(10)                                                                                         \
+    DO(12)                                                                                         \
+    DO(14)                                                                                         \
+    DO(20)                                                                                         \
+    DO(30)                                                                                         \
+    DO(40)                                                                                         \
+    DO(50)                                                                                         \
+    DO(100)                                                                                        \
+    DO(150)                                                                                        \
+    DO(200)                                                                                        \
+    DO(250)                                                                                        \
+    DO(500)                                                                                        \
+    DO(1000)                                                                                       \
+    DO(3000)                                                                                       \
+    DO(5000)
+
+/// `_qvString8_UnevenSize_old<N>` with its members: 5.
+#define QV_STRING8_UNEVEN_OLD_CAPACITIES(DO)                                                       \
+    DO(7)                                                                                          \
+    DO(15)                                                                                         \
+    DO(25)                                                                                         \
+    DO(75)                                                                                         \
+    DO(125)
+
 namespace qvStrings {
+
+#define QV_IS_CAPACITY(N) capacity == N ||
 
 /// True for a capacity at which `_qvString8_allSize<N>` exists.
 constexpr bool isCapacity8(int capacity)
 {
-#define QV_IS_CAPACITY(N) capacity == N ||
     return QV_STRING8_CAPACITIES(QV_IS_CAPACITY) false;
-#undef QV_IS_CAPACITY
 }
+
+/// True for a capacity at which `_qvString8_evenSize_old<N>` has members.
+constexpr bool isEvenOldCapacity8(int capacity)
+{
+    return QV_STRING8_EVEN_OLD_CAPACITIES(QV_IS_CAPACITY) false;
+}
+
+/// True for a capacity at which `_qvString8_UnevenSize_old<N>` has members.
+constexpr bool isUnevenOldCapacity8(int capacity)
+{
+    return QV_STRING8_UNEVEN_OLD_CAPACITIES(QV_IS_CAPACITY) false;
+}
+
+#undef QV_IS_CAPACITY
 
 } // namespace qvStrings

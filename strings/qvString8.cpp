@@ -1,5 +1,7 @@
 #include "strings/qvString8.h"
 
+#include "strings/qvString8_old.h"
+
 // Every member at every capacity.
 #define QV_INSTANTIATE(N)                                                                          \
     template class qvStrings::Rules8<_qvString8_allSize<N>, qvStrings::Image8<N>>;                 \

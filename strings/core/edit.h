@@ -34,14 +34,21 @@ void append(TextRef<Unit> self, Unit const* source, unsigned count);
 template <typename Unit>
 void appendRepeating(TextRef<Unit> self, TextRef<Unit const> source);
 
+/// Puts one unit where the text ends, without asking for room. Terminator.
+template <typename Unit>
+void putUnit(TextRef<Unit> self, Unit unit)
+{
+    unsigned const length = self.length();
+    self.text()[length] = unit;
+    self.endAt(length + 1);
+}
+
 /// Appends one unit when there is room for it; else changes nothing, not even the terminator.
 template <typename Unit>
 void appendUnit(TextRef<Unit> self, Unit unit)
 {
-    if (self.room() == 0)
-        return;
-    self.text()[self.length()] = unit;
-    self.endAt(self.length() + 1);
+    if (self.room() != 0)
+        putUnit(self, unit);
 }
 
 /// Text of `count` copies of one unit, cut at the capacity.

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "strings/capacities8.h"
+#include "strings/image8.h"
+#include "strings/rules8.h"
+
+/// The older 8-bit strings, kept so that text in older records can be read, worked on and brought
+/// to `_qvString8_allSize<N>`, which takes them by construction, assignment and comparison. Text
+/// first and length behind it, so the image depends on whether N is even or odd; hence two
+/// templates. Their members are those of `Rules8` and nothing else.
+///
+/// Writing past the text (`addSpacing` without room) meets the filler and the length itself.
+///
+/// A capacity of the current string at which an older one has no members gives its bare image,
+/// as a source for the conversions.
+
+/// The older string of even capacities; members at the 17 that `capacities8.h` lists.
+template <int N>
+class _qvString8_evenSize_old : public qvStrings::EvenOldImage8<N>
+{
+    static_assert(qvStrings::isCapacity8(N), "8-bit strings exist for the capacities that "
+                                             "strings/capacities8.h lists, and for no other");
+};
+
+template <int N>
+requires(qvStrings::isEvenOldCapacity8(N)) class _qvString8_evenSize_old<N>
+    : public qvStrings::Rules8<_qvString8_evenSize_old<N>, qvStrings::EvenOldImage8<N>>
+{
+    using Rules = qvStrings::Rules8<_qvString8_evenSize_old<N>, qvStrings::EvenOldImage8<N>>;
+
+public:
+    using Rules::operator=;
+    using Rules::operator==;
+    using Rules::operator!=;
+
+    /// Empty, all N + 1 text bytes zero. The filler stays as it was.
+    QV_KEEPS_STORAGE _qvString8_evenSize_old() { this->clear(); }
+
+    /// The first N characters of `s`, all text behind them zero. Null gives the empty string.
+    QV_KEEPS_STORAGE _qvString8_evenSize_old(char const* s) { this->construct(s); }
+
+    /// `count` bytes of `s`, zero bytes included, count taken modulo 65536 and cut at N; all text
+    /// behind them zero. `s` must hold what is read.
+    QV_KEEPS_STORAGE _qvString8_evenSize_old(char const* s, int count)
+    {
+        this->construct(s, count);
+    }
+};
+
+/// The older string of odd capacities; members at the 5 that `capacities8.h` lists.
+template <int N>
+class _qvString8_UnevenSize_old : public qvStrings::UnevenOldImage8<N>
+{
+    static_assert(qvStrings::isCapacity8(N), "8-bit strings exist for the capacities that "
+                                             "strings/capacities8.h lists, and for no other");
+};
+
+template <int N>
+requires(qvStrings::isUnevenOldCapacity8(N)) class _qvString8_UnevenSize_old<N>
+    : public qvStrings::Rules8<_qvString8_UnevenSize_old<N>, qvStrings::UnevenOldImage8<N>>
+{
+    using Rules = qvStrings::Rules8<_qvString8_UnevenSize_old<N>, qvStrings::UnevenOldImage8<N>>;
+
+public:
+    using Rules::operator=;
+    using Rules::operator==;
+    using Rules::operator!=;
+
+    /// Empty, all N + 1 text bytes zero.
+    QV_KEEPS_STORAGE _qvString8_UnevenSize_old() { this->clear(); }
+
+    /// The first N characters of `s`, all text behind them zero. Null gives the empty string.
+    QV_KEEPS_STORAGE _qvString8_UnevenSize_old(char const* s) { this->construct(s); }
+
+    /// `count` bytes of `s`, zero bytes included, count taken modulo 65536 and cut at N; all text
+    /// behind them zero. `s` must hold what is read.
+    QV_KEEPS_STORAGE _qvString8_UnevenSize_old(char const* s, int count)
+    {
+        this->construct(s, count);
+    }
+};
+
+// Compiled once, in qvString8_old.cpp; small members are still inlined where they are called.
+#define QV_EXTERN(N)                                                                               \
+    extern template class qvStrings::Rules8<_qvString8_evenSize_old<N>,                            \
+                                            qvStrings::EvenOldImage8<N>>;                          \
+    extern template class _qvString8_evenSize_old<N>;
+QV_STRING8_EVEN_OLD_CAPACITIES(QV_EXTERN)
+#undef QV_EXTERN
+#define QV_EXTERN(N)                                                                               \
+    extern template class qvStrings::Rules8<_qvString8_UnevenSize_old<N>,                          \
+                                            qvStrings::UnevenOldImage8<N>>;                        \
+    extern template class _qvString8_UnevenSize_old<N>;
+QV_STRING8_UNEVEN_OLD_CAPACITIES(QV_EXTERN)
+#undef QV_EXTERN
