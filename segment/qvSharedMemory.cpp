@@ -114,7 +114,6 @@ bool qvSharedMemory::detach()
 {
     clearError();
     clearAll();
-    attached = false;
     return true;
 }
 

@@ -1,5 +1,7 @@
 #include "support/qvCRC.h"
 
+#include <bit>
+#include <cstddef>
 #include <cstring>
 
 namespace {
@@ -41,36 +43,62 @@ std::uint64_t loadLittleEndian(unsigned char const* data)
     return value;
 }
 
-/// Eight bytes as a number, the first byte highest.
-std::uint64_t loadBigEndian(unsigned char const* data)
+/// A byte of an entry, 0 the lowest, by a load of its own. The empty instruction hides from the
+/// compiler that it is one: it would join the byte with other steps on bytes and widen the result
+/// behind them, which costs a step in the chain of look-ups.
+template <typename Entry>
+std::uint64_t byteOf(Entry const& entry, std::size_t place)
 {
-    std::uint64_t value = 0;
-    for (unsigned i = 0; i < 8; ++i)
-        value = (value << 8) | data[i];
-    return value;
+    bool const littleEndian = std::endian::native == std::endian::little;
+    auto const* const bytes = reinterpret_cast<unsigned char const*>(&entry);
+    std::uint64_t byte = bytes[littleEndian ? place : sizeof(Entry) - 1 - place];
+    __asm__("" : "+r"(byte));
+    return byte;
 }
 
-/// One byte of a reflected CRC.
+/// The table of a reflected CRC as `advance` reads it: an entry in two pieces.
 template <typename State>
-State stepReflected(State state, unsigned char byte, State const* table)
+struct ReflectedTable
 {
-    return (state >> 8) ^ table[(state ^ byte) & 0xFF];
-}
+    State const* entries;
 
-/// A block of a reflected CRC, one look-up per byte. Eight data bytes at a time join a 64-bit
-/// state ahead of their look-ups, which takes the XOR with the data out of the chain of steps.
-template <typename State>
-State advanceReflected(State state, unsigned char const* data, unsigned long length,
-                       State const* table)
+    std::uint64_t low(std::uint64_t index) const { return byteOf(entries[index], 0); }
+    std::uint64_t high(std::uint64_t index) const { return entries[index] >> 8; }
+};
+
+/// The table of a 16-bit CRC that takes the most significant bit first, with the bytes of each
+/// entry swapped: on a state with swapped bytes such a CRC takes the steps of a reflected one.
+struct SwappedTable16
+{
+    std::uint16_t const* entries;
+
+    std::uint64_t low(std::uint64_t index) const { return byteOf(entries[index], 1); }
+    std::uint64_t high(std::uint64_t index) const { return byteOf(entries[index], 0); }
+};
+
+/// Advances a state over a block, one look-up per byte. The time goes into the chain from one
+/// look-up to the next, so two things are kept out of it: eight data bytes at a time join the
+/// state ahead of their look-ups, and the next index is formed from the low byte of the entry
+/// without waiting for the rest.
+template <typename Table>
+std::uint64_t advance(std::uint64_t state, unsigned char const* data, unsigned long length,
+                      Table table)
 {
     for (; length >= 8; data += 8, length -= 8) {
         std::uint64_t window = state ^ loadLittleEndian(data);
-        for (int i = 0; i < 8; ++i)
-            window = (window >> 8) ^ table[window & 0xFF];
-        state = static_cast<State>(window);
+        std::uint64_t index = window & 0xFF;
+        window >>= 8; // from here on without the byte that is the index
+        for (int i = 0; i < 8; ++i) {
+            std::uint64_t const next = (window & 0xFF) ^ table.low(index);
+            window = (window >> 8) ^ table.high(index);
+            index = next;
+        }
+        state = window << 8 | index;
     }
-    for (; length != 0; ++data, --length)
-        state = stepReflected(state, *data, table);
+    for (; length != 0; ++data, --length) {
+        std::uint64_t const index = (state ^ *data) & 0xFF;
+        state = (state >> 8) ^ table.low(index) ^ table.high(index) << 8;
+    }
     return state;
 }
 
@@ -109,7 +137,7 @@ void qvCRCInitialize()
 void qvCRCPartial(unsigned int* crc, unsigned char const* data, unsigned int length)
 {
     for (unsigned int i = 0; i < length; ++i)
-        *crc = stepReflected<unsigned int>(*crc, data[i], qvCRCulTable);
+        *crc = (*crc >> 8) ^ qvCRCulTable[(*crc ^ data[i]) & 0xFF];
 }
 
 unsigned int qvCRCCalc(unsigned char const* data, unsigned int const& length)
@@ -118,28 +146,20 @@ unsigned int qvCRCCalc(unsigned char const* data, unsigned int const& length)
         qvCRCInitialize();
     if (length == 0)
         return 0;
-    return ~advanceReflected(0xFFFFFFFFu, data, length, qvCRCulTable);
+    ReflectedTable<unsigned int> const table{qvCRCulTable};
+    return ~static_cast<unsigned int>(advance(0xFFFFFFFF, data, length, table));
 }
 
 std::uint64_t qvCRCCalc64(void const* data, unsigned long length)
 {
-    return advanceReflected(std::uint64_t{0}, static_cast<unsigned char const*>(data), length,
-                            crctab64.data());
+    ReflectedTable<std::uint64_t> const table{crctab64.data()};
+    return advance(0, static_cast<unsigned char const*>(data), length, table);
 }
 
 std::uint16_t qvCRCCalc16(unsigned char const* data, unsigned long length)
 {
-    // As advanceReflected, mirrored: the state stands at the top of the window.
-    std::uint64_t state = 0;
-    for (; length >= 8; data += 8, length -= 8) {
-        std::uint64_t window = (state << 48) ^ loadBigEndian(data);
-        for (int i = 0; i < 8; ++i)
-            window = (window << 8) ^ (std::uint64_t{crc16tab[window >> 56]} << 48);
-        state = window >> 48;
-    }
-    for (; length != 0; ++data, --length)
-        state = (state << 8 & 0xFFFF) ^ crc16tab[state >> 8 ^ *data];
-    return static_cast<std::uint16_t>(state);
+    std::uint64_t const swapped = advance(0, data, length, SwappedTable16{crc16tab.data()});
+    return static_cast<std::uint16_t>(swapped << 8 | swapped >> 8);
 }
 
 unsigned char qvCRCCalc8(unsigned char const* data, unsigned long length, bool everySecondByte)
