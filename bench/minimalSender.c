@@ -1,0 +1,33 @@
+/* Does what `qvNodeDispatch abort` asks of the system, and nothing else: the yardstick for the
+   tool's whole-process time. It judges nothing and is no sender to use. */
+#include <signal.h>
+#include <stdio.h>
+#include <sys/ipc.h>
+#include <sys/shm.h>
+
+int main(void)
+{
+    int const key = 0x4EFCFF;
+    int id = shmget(key, 0, 0660);
+    unsigned char volatile* const base = shmat(id, NULL, 0);
+    if (base == (void*)-1)
+        return 1;
+    struct shmid_ds status;
+    shmctl(id, IPC_STAT, &status);
+    sigset_t all, previous;
+    sigfillset(&all);
+    sigprocmask(SIG_BLOCK, &all, &previous);
+    base[0] = 1;
+    unsigned char const count = base[8 + 2001];
+    base[8 + 2001] = (unsigned char)(count + 1);
+    base[8 + 2002 + count] = 2;
+    base[8 + 2032 + count] = 2;
+    *(unsigned short volatile*)(base + 8 + 2062 + 2 * count) = 1;
+    base[0] = 0;
+    sigprocmask(SIG_SETMASK, &previous, NULL);
+    puts("Command send.\n");
+    shmdt((void*)base);
+    id = shmget(key, 0, 0444);
+    shmctl(id, IPC_STAT, &status);
+    return 0;
+}

@@ -1,0 +1,111 @@
+/// Times whole runs of `qvNodeDispatch abort` beside a minimal C program with the same system
+/// calls, turn by turn in one run because these machines are noisy, and counts the tool's system
+/// calls.
+
+#include "segment/qvSharedMemory.h"
+#include "sender/qvClientMailbox.h"
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <fcntl.h>
+#include <sched.h>
+#include <sys/ptrace.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+constexpr int rounds = 2000;
+
+/// Starts a program with its output thrown away; with `traced` it stops at its first instruction.
+pid_t start(char const* program, bool traced)
+{
+    pid_t const child = vfork();
+    if (child == 0) {
+        int const nowhere = open("/dev/null", O_WRONLY);
+        dup2(nowhere, STDOUT_FILENO);
+        if (traced)
+            ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+        execl(program, program, "abort", nullptr);
+        _exit(127);
+    }
+    return child;
+}
+
+double microsecondsOf(char const* program)
+{
+    auto const begin = std::chrono::steady_clock::now();
+    int status = 0;
+    waitpid(start(program, false), &status, 0);
+    std::chrono::duration<double, std::micro> const taken =
+        std::chrono::steady_clock::now() - begin;
+    return status == 0 ? taken.count() : -1;
+}
+
+/// System calls of one run, `execve` included.
+int systemCallsOf(char const* program)
+{
+    pid_t const child = start(program, true);
+    int stops = 0;
+    int status = 0;
+    waitpid(child, &status, 0); // stopped behind its execve
+    ptrace(PTRACE_SETOPTIONS, child, nullptr, PTRACE_O_TRACESYSGOOD);
+    while (!WIFEXITED(status)) {
+        ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
+        waitpid(child, &status, 0);
+        if (WIFSTOPPED(status) && WSTOPSIG(status) == (SIGTRAP | 0x80))
+            ++stops;
+    }
+    return 1 + (stops + 1) / 2; // an entry and a return each; exit never returns
+}
+
+struct Times
+{
+    char const* name;
+    char const* program;
+    std::vector<double> taken;
+
+    double quantile(double part)
+    {
+        auto const at = taken.begin() + static_cast<std::ptrdiff_t>(part * rounds);
+        std::nth_element(taken.begin(), at, taken.end());
+        return *at;
+    }
+};
+
+} // namespace
+
+int main()
+{
+    // A System V namespace of our own where the system grants one, not to disturb a real client.
+    unshare(CLONE_NEWIPC);
+    qvSharedMemory segment("qvClientSharedMemory");
+    if (!segment.create(clientRecordSize, false, false)) {
+        std::printf("wholeProcess: %s\n", segment.errorString().asChar());
+        return 1;
+    }
+    auto& record = *static_cast<qvClientMailbox volatile*>(segment.data());
+    record.recordMarker = clientRecordMarker;
+    record.stateMarker = clientStateMarker;
+    record.stateFlag = clientStateFlag;
+
+    Times programs[] = {{"qvNodeDispatch", QV_TOOL_PATH, {}}, {"minimal C", QV_PEER_PATH, {}}};
+    for (int i = 0; i < rounds; ++i) {
+        for (Times& each : programs) {
+            record.messageCount = 0;
+            each.taken.push_back(microsecondsOf(each.program));
+        }
+    }
+    std::puts("whole process, microseconds   median     10 %   fastest   system calls");
+    for (Times& each : programs)
+        std::printf("  %-24s  %8.1f %8.1f  %8.1f   %12d\n", each.name, each.quantile(0.5),
+                    each.quantile(0.1), each.quantile(0), systemCallsOf(each.program));
+    std::printf("  ratio                     %8.2f %8.2f  %8.2f\n",
+                programs[0].quantile(0.5) / programs[1].quantile(0.5),
+                programs[0].quantile(0.1) / programs[1].quantile(0.1),
+                programs[0].quantile(0) / programs[1].quantile(0));
+    return 0;
+}
