@@ -1,0 +1,60 @@
+#include <algorithm>
+#include <cstddef>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+extern "C" int LLVMFuzzerTestOneInput(unsigned char const* data, std::size_t size);
+
+namespace {
+
+std::vector<std::filesystem::path> inputsIn(std::filesystem::path const& directory)
+{
+    std::vector<std::filesystem::path> inputs;
+    std::error_code error;
+    for (auto const& entry : std::filesystem::directory_iterator(directory, error))
+        if (entry.is_regular_file())
+            inputs.push_back(entry.path());
+    std::sort(inputs.begin(), inputs.end());
+    return inputs;
+}
+
+std::string contentOf(std::filesystem::path const& input)
+{
+    std::ifstream file(input, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+} // namespace
+
+// Runs a fuzz target over all inputs of the directories named, for compilers without a fuzzer. A
+// directory without inputs is a corpus that got lost, so it fails.
+int main(int argc, char** argv)
+{
+    std::size_t replayed = 0;
+    for (int i = 1; i < argc; ++i) {
+        std::vector<std::filesystem::path> const inputs = inputsIn(argv[i]);
+        if (inputs.empty()) {
+            std::fprintf(stderr, "%s: no inputs\n", argv[i]);
+            return 1;
+        }
+        for (std::filesystem::path const& input : inputs) {
+            // Named beforehand, since a failing target ends the process.
+            std::printf("%s\n", input.c_str());
+            std::fflush(stdout);
+            std::string const content = contentOf(input);
+            LLVMFuzzerTestOneInput(reinterpret_cast<unsigned char const*>(content.data()),
+                                   content.size());
+        }
+        replayed += inputs.size();
+    }
+    if (replayed == 0) {
+        std::fprintf(stderr, "usage: %s directory...\n", argv[0]);
+        return 1;
+    }
+    std::printf("%zu inputs\n", replayed);
+    return 0;
+}

@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# Includes run one way: sender -> segment -> strings, support -> strings, and segment -> the
+# checksum of support alone. The core of the strings knows no image, rule or class above it.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/../.."
+
+# folder -> what its quoted includes may begin with
+declare -A allowed=(
+    [strings/core]='strings/core/'
+    [strings]='strings/'
+    [support]='support/|strings/'
+    [segment]='segment/|strings/|support/qvCRC\.h'
+    [sender]='sender/|segment/|strings/'
+)
+
+failed=0
+for folder in "${!allowed[@]}"; do
+    wrong=$(grep -HnE '^#include "' "$folder"/*.h "$folder"/*.cpp |
+        grep -vE "#include \"(${allowed[$folder]})" || true)
+    if [[ -n $wrong ]]; then
+        echo "include against the arrows of $folder/:"
+        echo "$wrong"
+        failed=1
+    fi
+done
+exit "$failed"
