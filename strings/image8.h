@@ -1,7 +1,5 @@
 #pragma once
 
-#include "strings/core/layoutOf.h"
-
 #include <cstddef>
 
 /// The memory images of the 8-bit strings. They cross process boundaries, so they are formats:

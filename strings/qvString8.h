@@ -20,21 +20,21 @@ class _qvString8_UnevenSize_old;
 /// `capacities8.h`. An object is plain bytes: it may lie in a shared record, be copied as a
 /// block, and a block of zeros is an empty string.
 ///
-/// The members are those of `Rules8` and the ones below.
+/// The members are those of `Rules`, `Rules8` and the ones below.
 template <int N>
 class _qvString8_allSize : public qvStrings::Rules8<_qvString8_allSize<N>, qvStrings::Image8<N>>
 {
     static_assert(qvStrings::isCapacity8(N), "8-bit strings exist for the capacities that "
                                              "strings/capacities8.h lists, and for no other");
-    using Rules = qvStrings::Rules8<_qvString8_allSize<N>, qvStrings::Image8<N>>;
+    using Base = qvStrings::Rules8<_qvString8_allSize<N>, qvStrings::Image8<N>>;
 
 public:
-    using Rules::operator=;
-    using Rules::operator==;
-    using Rules::operator!=;
-    using Rules::operator+=;
-    using Rules::indexOf;
-    using Rules::lastIndexOf;
+    using Base::operator=;
+    using Base::operator==;
+    using Base::operator!=;
+    using Base::operator+=;
+    using Base::indexOf;
+    using Base::lastIndexOf;
 
     /// Empty, all N + 1 text bytes zero. The pad byte of an even capacity stays as it was.
     QV_KEEPS_STORAGE _qvString8_allSize() { this->clear(); }
@@ -115,7 +115,7 @@ public:
         if (s == nullptr)
             this->length = 0;
         else
-            qvStrings::assign(this->ref(), s, Rules::lowCount(count));
+            qvStrings::assign(this->ref(), s, Base::lowCount(count));
     }
 
     /// Appends the low byte of `c`. A full string stays as it is; only a length of exactly N counts
@@ -227,8 +227,10 @@ private:
     template <typename Old>
     _qvString8_allSize& takeOld(Old const& o)
     {
-        std::memcpy(this->text, o.text, N);
-        this->length = o.length;
+        // A record may be converted in place, so the source may go while it is copied.
+        auto const stored = o.length;
+        std::memmove(this->text, o.text, N);
+        this->length = stored;
         return *this;
     }
 
@@ -250,6 +252,7 @@ private:
 
 // Compiled once, in qvString8.cpp; small members are still inlined where they are called.
 #define QV_EXTERN(N)                                                                               \
+    extern template class qvStrings::Rules<_qvString8_allSize<N>, qvStrings::Image8<N>>;           \
     extern template class qvStrings::Rules8<_qvString8_allSize<N>, qvStrings::Image8<N>>;          \
     extern template class _qvString8_allSize<N>;
 QV_STRING8_CAPACITIES(QV_EXTERN)

@@ -7,7 +7,7 @@
 /// The older 8-bit strings, kept so that text in older records can be read, worked on and brought
 /// to `_qvString8_allSize<N>`, which takes them by construction, assignment and comparison. Text
 /// first and length behind it, so the image depends on whether N is even or odd; hence two
-/// templates. Their members are those of `Rules8` and nothing else.
+/// templates. Their members are those of `Rules` and `Rules8` and nothing else.
 ///
 /// Writing past the text (`addSpacing` without room) meets the filler and the length itself.
 ///
@@ -26,12 +26,12 @@ template <int N>
 requires(qvStrings::isEvenOldCapacity8(N)) class _qvString8_evenSize_old<N>
     : public qvStrings::Rules8<_qvString8_evenSize_old<N>, qvStrings::EvenOldImage8<N>>
 {
-    using Rules = qvStrings::Rules8<_qvString8_evenSize_old<N>, qvStrings::EvenOldImage8<N>>;
+    using Base = qvStrings::Rules8<_qvString8_evenSize_old<N>, qvStrings::EvenOldImage8<N>>;
 
 public:
-    using Rules::operator=;
-    using Rules::operator==;
-    using Rules::operator!=;
+    using Base::operator=;
+    using Base::operator==;
+    using Base::operator!=;
 
     /// Empty, all N + 1 text bytes zero. The filler stays as it was.
     QV_KEEPS_STORAGE _qvString8_evenSize_old() { this->clear(); }
@@ -59,12 +59,12 @@ template <int N>
 requires(qvStrings::isUnevenOldCapacity8(N)) class _qvString8_UnevenSize_old<N>
     : public qvStrings::Rules8<_qvString8_UnevenSize_old<N>, qvStrings::UnevenOldImage8<N>>
 {
-    using Rules = qvStrings::Rules8<_qvString8_UnevenSize_old<N>, qvStrings::UnevenOldImage8<N>>;
+    using Base = qvStrings::Rules8<_qvString8_UnevenSize_old<N>, qvStrings::UnevenOldImage8<N>>;
 
 public:
-    using Rules::operator=;
-    using Rules::operator==;
-    using Rules::operator!=;
+    using Base::operator=;
+    using Base::operator==;
+    using Base::operator!=;
 
     /// Empty, all N + 1 text bytes zero.
     QV_KEEPS_STORAGE _qvString8_UnevenSize_old() { this->clear(); }
@@ -82,12 +82,16 @@ public:
 
 // Compiled once, in qvString8_old.cpp; small members are still inlined where they are called.
 #define QV_EXTERN(N)                                                                               \
+    extern template class qvStrings::Rules<_qvString8_evenSize_old<N>,                             \
+                                           qvStrings::EvenOldImage8<N>>;                           \
     extern template class qvStrings::Rules8<_qvString8_evenSize_old<N>,                            \
                                             qvStrings::EvenOldImage8<N>>;                          \
     extern template class _qvString8_evenSize_old<N>;
 QV_STRING8_EVEN_OLD_CAPACITIES(QV_EXTERN)
 #undef QV_EXTERN
 #define QV_EXTERN(N)                                                                               \
+    extern template class qvStrings::Rules<_qvString8_UnevenSize_old<N>,                           \
+                                           qvStrings::UnevenOldImage8<N>>;                         \
     extern template class qvStrings::Rules8<_qvString8_UnevenSize_old<N>,                          \
                                             qvStrings::UnevenOldImage8<N>>;                        \
     extern template class _qvString8_UnevenSize_old<N>;

@@ -1,71 +1,33 @@
 #pragma once
 
-#include "strings/core/compare.h"
-#include "strings/core/edit.h"
-#include "strings/core/layoutOf.h"
 #include "strings/core/numberText.h"
-#include "strings/core/reshape.h"
-#include "strings/core/search.h"
-#include "strings/keepStorage.h"
+#include "strings/rules.h"
 
 namespace qvStrings {
 
-/// The members that every 8-bit string has, whatever its image, each rule written once.
+/// The members that every 8-bit string has beside those of `Rules`, whatever its image.
 ///
-/// `Self` is the public class, `Image` its memory image. An object holds up to N characters
-/// (N is the capacity of the image), never allocates, and is as safe as its bytes: there is no
-/// lock. Text that does not fit is cut at the end, silently; no member reports a failure.
-///
-/// A `char const*` is measured by the low 16 bits of its strlen. Names without a suffix ignore
-/// the case of ASCII letters; bytes from 0x80 up compare as themselves in every member.
-/// "Terminator" in a comment means that text[length] = 0 is written; bytes behind it stay as
-/// they were unless the comment says otherwise.
+/// A `char const*` is measured by the low 16 bits of its strlen. As a pattern it counts with its
+/// first N characters unless its member says otherwise, and null is a pattern that is found
+/// nowhere.
 template <typename Self, typename Image>
-class Rules8 : public Image
+class Rules8 : public Rules<Self, Image>
 {
+    using Base = Rules<Self, Image>;
+
 public:
-    Rules8(Rules8 const&) = default;
-
-    /// Copies the length and all N + 1 text bytes, so what stands behind the terminator travels
-    /// too; the spare byte of the image stays. Self-assignment changes nothing.
-    Rules8& operator=(Rules8 const& other)
-    {
-        std::memmove(this->text, other.text, sizeof this->text);
-        this->length = other.length;
-        return *this;
-    }
-
-    /// \name Length and state
-    /// @{
-
-    /// Empties the string and zeroes all N + 1 text bytes. The spare byte stays.
-    void clear()
-    {
-        std::memset(this->text, 0, sizeof this->text);
-        this->length = 0;
-    }
-
-    /// Zeroes text[length] to text[N], so that two strings of equal text are equal bytes: for a
-    /// block compare or write of a record. A length above N is outside the contract.
-    void clearUnused() { qvStrings::clearUnused(ref()); }
-
-    /// Takes the length from the text, after the text was filled through its bytes: the first
-    /// zero among text[0] to text[N - 1], else N. Terminator.
-    void calcLength() { qvStrings::calcLength(ref()); }
-
-    /// Sets the length: n at or below 0 gives 0, n above N gives N. Terminator. The text stays,
-    /// so a greater length exposes whatever bytes stand there.
-    void setLength(short const& n) { qvStrings::setLength(ref(), n); }
-
-    /// True for a length of 0.
-    bool isEmpty() const { return this->length == 0; }
-
-    /// True for a length other than 0.
-    bool hasData() const { return this->length != 0; }
-
-    /// @}
-    /// \name Assignment
-    /// @{
+    using Base::operator=;
+    using Base::operator+=;
+    using Base::operator+;
+    using Base::operator==;
+    using Base::add;
+    using Base::combined;
+    using Base::contains;
+    using Base::containsCaseSen;
+    using Base::containsUpperCaseInput;
+    using Base::endsWith;
+    using Base::startsWith;
+    using Base::startsWithCaseSen;
 
     /// Takes the first N characters of `s`. Terminator. Null sets the length to 0 and nothing
     /// else, so text[0] keeps its byte. `s` may point into this object.
@@ -74,412 +36,115 @@ public:
         if (s == nullptr)
             this->length = 0;
         else
-            assign(ref(), s, shortLength(s));
-        return self();
+            assign(this->ref(), s, shortLength(s));
+        return this->self();
     }
 
     /// Becomes the one character `c`, length 1 also for c = 0. Terminator.
     Self& operator=(char const& c)
     {
-        assign(ref(), &c, 1);
-        return self();
+        assign(this->ref(), &c, 1);
+        return this->self();
     }
-
-    /// A new string of `n` characters `c`, all other bytes zero: n below 1 gives the empty
-    /// string, else n modulo 65536 counts, cut at N.
-    static Self createCharString(char& c, int const& n)
-    {
-        Self result;
-        if (n >= 1)
-            fill(result.ref(), c, lowCount(n));
-        return result;
-    }
-
-    /// @}
-    /// \name Append
-    /// What does not fit under N is dropped from the end of the new text.
-    /// @{
 
     /// Appends `s`. Null and the empty text change nothing at all. Terminator.
     void add(char const* s)
     {
         if (s != nullptr)
-            add(s, shortLength(s));
+            this->add(s, shortLength(s));
     }
-
-    /// Appends `n` bytes of `s`, zero bytes included; n is not reduced modulo 65536. Null and
-    /// n = 0 change nothing at all. Terminator. `s` must hold as many of the n bytes as fit.
-    void add(char const* s, unsigned int n)
-    {
-        if (s != nullptr && n != 0)
-            append(ref(), s, n);
-    }
-
-    /// Appends `other`, whose length is read once: `s.add(s)` doubles the text. An empty `other`
-    /// changes nothing at all. Terminator.
-    void add(Self const& other) { add(other.text, other.length); }
 
     /// Appends `s`. Null changes nothing; the empty text rewrites the terminator.
     Self& operator+=(char const* s)
     {
         if (s != nullptr)
-            append(ref(), s, shortLength(s));
-        return self();
-    }
-
-    /// Appends `other` character by character, reading its length afresh on each step. So
-    /// `s += s` does not double s: it repeats the text until the capacity is full. This is
-    /// intended. Terminator, also for an empty `other`.
-    Self& operator+=(Self const& other)
-    {
-        appendRepeating(ref(), other.ref());
-        return self();
-    }
-
-    /// Appends one character, zero included. A full string stays as it is.
-    Self& operator+=(char const& c)
-    {
-        appendUnit(ref(), c);
-        return self();
+            append(this->ref(), s, shortLength(s));
+        return this->self();
     }
 
     /// A copy with `c` appended. Not const although it changes nothing: callers depend on the
     /// signature.
     Self operator+(char const& c)
     {
-        Self result = self();
+        Self result = this->self();
         result += c;
         return result;
     }
 
-    /// A copy with `other` appended, its length read once: `s + s` doubles the text. Not const
-    /// although it changes nothing.
-    Self operator+(Self const& other) { return combined(other); }
-
     /// A copy with `s` appended as by `add`.
     Self combined(char const* s) const
     {
-        Self result = self();
+        Self result = this->self();
         result.add(s);
         return result;
     }
 
-    /// A copy with `other` appended, its length read once. Terminator.
-    Self combined(Self const& other) const
-    {
-        Self result = self();
-        append(result.ref(), other.text, other.length);
-        return result;
-    }
-
-    /// @}
-    /// \name Equality
-    /// @{
-
-    /// Exact equality, in this order: the first byte, which counts for empty strings too, so
-    /// that two of them with different stale first bytes are unequal (intended); the lengths;
-    /// the text.
-    bool operator==(Self const& other) const
-    {
-        return equalExact(other.text[0], other.text, other.length);
-    }
-
-    /// The opposite of `operator==`.
-    bool operator!=(Self const& other) const { return !(*this == other); }
-
     /// Exact equality with `s`: first byte, length, text. Null gives false.
     bool operator==(char const* s) const
     {
-        return s != nullptr && s[0] == this->text[0] && equalExact(s[0], s, shortLength(s));
+        return s != nullptr && s[0] == this->text[0] && this->equalExact(s[0], s, shortLength(s));
     }
-
-    /// The same as `operator==`.
-    bool isEqualSameCase(Self const& other) const { return *this == other; }
-
-    /// True for a length of `n` and the same `n` bytes. `s` need not be terminated and is not
-    /// read when the lengths differ or `n` is 0.
-    bool isEqualSameCase(char const* s, int n) const
-    {
-        return this->length == n && equal<Case::exact>(this->text, s, this->length);
-    }
-
-    /// True for equal lengths and equal characters, ignoring case. Two empty strings are equal
-    /// whatever stands behind their terminators.
-    bool isEqual(Self const& other) const { return isEqual(other.text, other.length); }
-
-    /// True for a length of `n` and the same `n` bytes, ignoring case. `s` need not be
-    /// terminated and is not read when the lengths differ or `n` is 0.
-    bool isEqual(char const* s, int n) const
-    {
-        return this->length == n && equal<Case::folded>(this->text, s, this->length);
-    }
-
-    /// As `operator==` with the upper fold of this string. `other` is promised to be in upper
-    /// case already: one with a lower-case letter never matches.
-    bool isEqualUpperCaseInput(Self const& other) const
-    {
-        return equalToInput<Case::upperInput>(other);
-    }
-
-    /// The same with lower case.
-    bool isEqualLowerCaseInput(Self const& other) const
-    {
-        return equalToInput<Case::lowerInput>(other);
-    }
-
-    /// @}
-    /// \name Order
-    /// By unsigned bytes. Of a result only the sign counts, but 0 is exact.
-    /// @{
-
-    /// Order ignoring case; of a text and its prefix the shorter comes first.
-    int compare(Self const& other) const
-    {
-        int const byText = orderFolded(this->text, other.text, commonLength(other));
-        if (byText != 0)
-            return byText;
-        return this->length == other.length ? 0 : this->length < other.length ? -1 : 1;
-    }
-
-    /// Exact order over the shorter length and nothing more: a text and its prefix give 0
-    /// (intended). `operator<` is an order.
-    int compareSameCase(Self const& other) const
-    {
-        return order(this->text, other.text, commonLength(other));
-    }
-
-    /// Exact order; of a text and its prefix the shorter is less.
-    bool operator<(Self const& other) const
-    {
-        int const byText = compareSameCase(other);
-        return byText != 0 ? byText < 0 : this->length < other.length;
-    }
-
-    /// The mirror of `operator<`.
-    bool operator>(Self const& other) const
-    {
-        int const byText = compareSameCase(other);
-        return byText != 0 ? byText > 0 : this->length > other.length;
-    }
-
-    /// @}
-    /// \name Position search
-    /// Positions count from 0; -1 means not found.
-    /// @{
-
-    /// First place of `pattern` at or behind `start`, ignoring case. An empty pattern is found
-    /// nowhere. A start that leaves no room gives -1; a pattern of the text's own length is held
-    /// against the whole text. A negative start is outside the contract and counts as 0.
-    int indexOf(Self const& pattern, int start) const
-    {
-        return findText<Case::folded>(pattern, start);
-    }
-
-    /// The same, exact.
-    int indexOfCaseSen(Self const& pattern, int start) const
-    {
-        return findText<Case::exact>(pattern, start);
-    }
-
-    /// First place of `c`, ignoring case. Only a start inside the text counts: any other starts
-    /// over from 0, also one behind the end.
-    int indexOf(char const& c, int start) const { return findUnit<Case::folded>(ref(), c, start); }
-
-    /// The same, exact.
-    int indexOfCaseSen(char const& c, int start) const
-    {
-        return findUnit<Case::exact>(ref(), c, start);
-    }
-
-    /// Last place of `c` at or before `start`, exact. A start outside the text means its last
-    /// character.
-    int lastIndexOf(char const& c, int start) const { return findLastUnit(ref(), c, start); }
-
-    /// Searches the patterns in turn, ignoring case. One found at position 0 ends the search;
-    /// else the result is the position of the LAST listed pattern that was found, not the
-    /// smallest (intended). `which`, unless null, gets that pattern's number from 0, or -1.
-    int indexOfFirstOcc(Self const& a, Self const& b, int* which) const
-    {
-        return findFirstOcc<char>(ref(), {a.ref(), b.ref()}, which);
-    }
-
-    /// The same with six patterns.
-    int indexOfFirstOcc(Self const& a, Self const& b, Self const& c, Self const& d, Self const& e,
-                        Self const& f, int* which) const
-    {
-        return findFirstOcc<char>(ref(), {a.ref(), b.ref(), c.ref(), d.ref(), e.ref(), f.ref()},
-                                  which);
-    }
-
-    /// @}
-    /// \name Counting and containment
-    /// A pattern `s` counts with its first N characters. An empty or null one is contained
-    /// nowhere.
-    /// @{
 
     /// How many characters equal `c`, ignoring case.
-    int count(char c) const { return countUnit<Case::folded>(ref(), c); }
+    int count(char c) const { return countUnit<Case::folded>(this->ref(), c); }
 
     /// How many characters equal `c`, exact.
-    int countCaseSen(char const& c) const { return countUnit<Case::exact>(ref(), c); }
+    int countCaseSen(char const& c) const { return countUnit<Case::exact>(this->ref(), c); }
 
     /// True when `c` is in the text, ignoring case.
-    bool contains(char const& c) const { return indexOf(c, 0) >= 0; }
+    bool contains(char const& c) const { return this->indexOf(c, 0) >= 0; }
 
     /// True when the pattern is in the text, ignoring case.
     bool contains(char const* s) const { return findsText<Case::folded>(s); }
-    bool contains(Self const& pattern) const { return findText<Case::folded>(pattern, 0) >= 0; }
 
-    /// True when the pattern is in the text, exact.
+    /// The same, exact.
     bool containsCaseSen(char const* s) const { return findsText<Case::exact>(s); }
-    bool containsCaseSen(Self const& pattern) const
-    {
-        return findText<Case::exact>(pattern, 0) >= 0;
-    }
 
-    /// The same for `n` bytes of `s`, zero bytes included; n counts modulo 65536, cut at N. Null
-    /// gives false.
+    /// The same for `n` bytes of `s`, zero bytes included; n counts modulo 65536, cut at N.
     bool containsCaseSen(char const* s, int const& n) const
     {
-        return s != nullptr && find<Case::exact>(ref(), s, cutCount(lowCount(n)), 0) >= 0;
+        return s != nullptr &&
+               find<Case::exact>(this->ref(), s, this->cutCount(this->lowCount(n)), 0) >= 0;
     }
 
-    /// True when the pattern is in the upper fold of the text. The pattern is promised to be in
-    /// upper case already: folded once instead of twice.
+    /// True when the pattern, promised to be in upper case already, is in the upper fold of the
+    /// text.
     bool containsUpperCaseInput(char const* s) const { return findsText<Case::upperInput>(s); }
-    bool containsUpperCaseInput(Self const& pattern) const
-    {
-        return findText<Case::upperInput>(pattern, 0) >= 0;
-    }
-
-    /// @}
-    /// \name Start and end of the text
-    /// An empty text gives false, and so does an empty or null pattern or one longer than the
-    /// text. A pattern `s` counts with its first N characters unless its member says otherwise.
-    /// @{
-
-    /// True when the first character is `c`, exact in spite of the name.
-    bool startsWith(char const& c) const { return this->length != 0 && this->text[0] == c; }
-
-    /// True when the last character is `c`, exact in spite of the name.
-    bool endsWith(char const& c) const
-    {
-        return this->length != 0 && this->text[this->length - 1] == c;
-    }
 
     /// True when the text begins with the pattern, ignoring case.
     bool startsWith(char const* s) const
     {
-        return s != nullptr && begins<Case::folded>(s, cutCount(shortLength(s)));
-    }
-    bool startsWith(Self pattern) const
-    {
-        return begins<Case::folded>(pattern.text, pattern.length);
+        return s != nullptr &&
+               this->template begins<Case::folded>(s, this->cutCount(shortLength(s)));
     }
 
     /// The same for the first `n` bytes of `s`, which need not be terminated; n counts modulo
     /// 65536.
     bool startsWith(char const* s, int n) const
     {
-        return s != nullptr && begins<Case::folded>(s, lowCount(n));
+        return s != nullptr && this->template begins<Case::folded>(s, this->lowCount(n));
     }
 
     /// True when the text begins with the pattern, exact. `s` counts whole, not cut at N.
     bool startsWithCaseSen(char const* s) const
     {
-        return s != nullptr && begins<Case::exact>(s, shortLength(s));
-    }
-    bool startsWithCaseSen(Self pattern) const
-    {
-        return begins<Case::exact>(pattern.text, pattern.length);
+        return s != nullptr && this->template begins<Case::exact>(s, shortLength(s));
     }
 
     /// True when the text ends with the pattern, ignoring case.
     bool endsWith(char const* s) const
     {
-        return s != nullptr && endsFolded(s, cutCount(shortLength(s)));
+        return s != nullptr && this->endsFolded(s, this->cutCount(shortLength(s)));
     }
-    bool endsWith(Self const& pattern) const { return endsFolded(pattern.text, pattern.length); }
 
-    /// The same, with `n` as a gate only: false when n is 0 or above the length. What is compared
-    /// is `s` as long as it is, not its first n bytes (intended, unlike `startsWith`). The caller
-    /// keeps `s` within the text.
+    /// The same, with `n` as a gate only: false when n, modulo 65536, is 0 or above the length.
+    /// What is compared is `s` as long as it is, not its first n bytes (intended, unlike
+    /// `startsWith`); an empty one gives false. The caller keeps `s` within the text.
     bool endsWith(char const* s, int n) const
     {
-        return s != nullptr && holdsPattern(lowCount(n)) && endsFolded(s, shortLength(s));
+        return s != nullptr && this->holdsPattern(this->lowCount(n)) &&
+               this->endsFolded(s, shortLength(s));
     }
-
-    /// @}
-    /// \name Editing in place
-    /// Text that does not fit under N is lost from the end of the result. A result without
-    /// characters leaves text[0] as it was, unless the member says otherwise.
-    /// @{
-
-    /// Upper fold of every character.
-    void makeUpper() { qvStrings::makeUpper(ref()); }
-
-    /// Lower fold of every character.
-    void makeLower() { qvStrings::makeLower(ref()); }
-
-    /// Strips zero bytes, tabs, line feeds, carriage returns and blanks from both ends; no other
-    /// character. Terminator in every case.
-    void trim() { qvStrings::trim(ref()); }
-
-    /// Every character equal to `a`, ignoring case, becomes `b` as given; the length stays, also
-    /// for b = 0.
-    Self& replace(char const& a, char const& b)
-    {
-        replaceUnit(ref(), a, b);
-        return self();
-    }
-
-    /// Every `from`, searched ignoring case, becomes `to` as it stands. The text put in is stepped
-    /// over. When the text grows past N its tail is cut, and the search goes on over what is
-    /// left. An empty `from` changes nothing.
-    Self& replace(Self const& from, Self const& to)
-    {
-        replaceAll<Case::folded>(ref(), from.ref(), to.ref());
-        return self();
-    }
-
-    /// The same, searched exactly.
-    Self& replaceCaseSen(Self const& from, Self const& to)
-    {
-        replaceAll<Case::exact>(ref(), from.ref(), to.ref());
-        return self();
-    }
-
-    /// Removes every `pattern`, ignoring case. An occurrence that a gap forms with characters
-    /// before it stays: "ab" removed from "aabb" leaves "ab".
-    Self& remove(Self const& pattern)
-    {
-        removeAll<Case::folded>(ref(), pattern.ref());
-        return self();
-    }
-
-    /// The same, exact.
-    Self& removeCaseSens(Self const& pattern)
-    {
-        removeAll<Case::exact>(ref(), pattern.ref());
-        return self();
-    }
-
-    /// Removes every `c`, ignoring case, and returns a copy of the changed string.
-    Self remove(char const& c)
-    {
-        removeUnit(ref(), c);
-        return self();
-    }
-
-    /// Cuts `count` characters at `start`; the caller keeps start + count within the length. A
-    /// range beyond the end gives a string of full length N that holds the object's own bytes
-    /// from behind the range and zeros beyond the object.
-    void remove(int const& start, int const& count) { removeRange(ref(), start, count); }
-
-    /// Puts `s` in at `pos`, at the end for one beyond it. A negative one is outside the contract
-    /// and gives a string of length N, stale bytes included. `s.insert(p, s)` puts in the first p
-    /// characters.
-    void insert(int const& pos, Self const& s) { qvStrings::insert(ref(), pos, s.ref()); }
 
     /// Appends `s` in a field of |width| columns, padded with blanks on the left for a negative
     /// width and on the right for a positive one, held inside the capacity. A longer text is not
@@ -497,158 +162,38 @@ public:
         addSpacingC(DecimalText(v).text(), width);
     }
 
-    /// @}
-    /// \name Slices
-    /// New strings whose bytes behind the text are zero, unless they are copies of the receiver.
-    /// @{
-
-    /// The first `n` characters, at most all of them. A negative n is no "all": it gives length N,
-    /// stale bytes included (intended).
-    Self left(int n) const
-    {
-        int const count = n < this->length ? n : this->length;
-        return mid(0, count);
-    }
-
-    /// `count` characters from `start`. Neither is held against the length: the result is
-    /// `count` long, at most N, also past the end of the text, and then holds the object's own
-    /// bytes and zeros beyond the object. A negative count gives N.
-    Self mid(int const& start, int const& count) const
-    {
-        Self result;
-        unsigned const kept = cutCount(static_cast<unsigned>(count));
-        copyOut(ref(), start, kept, result.text);
-        result.length = static_cast<unsigned short>(kept);
-        return result;
-    }
-
-    /// The text up to the first `c`, ignoring case, with it or without. Not found: a copy of the
-    /// receiver. Found at position 0 the sense of `withSeparator` turns round (intended): true
-    /// gives the empty string, false the one character `c` as given.
-    Self left(char const& c, bool const& withSeparator) const
-    {
-        int const at = indexOf(c, 0);
-        if (at < 0)
-            return self();
-        if (at > 0)
-            return left(withSeparator ? at + 1 : at);
-        Self result;
-        if (!withSeparator)
-            result = c;
-        return result;
-    }
-
-    /// What `left` gives, and the receiver keeps what stands behind the separator, which leaves it
-    /// in either case; nothing behind it sets the length to 0 and changes nothing else. Not
-    /// found: the receiver is cleared.
-    Self leftNCut(char const& c, bool const& withSeparator)
-    {
-        int const at = indexOf(c, 0);
-        Self result = left(c, withSeparator);
-        if (at < 0)
-            clear();
-        else
-            remove(0, at + 1);
-        return result;
-    }
-
-    /// @}
-
 protected:
     /// For the constructors of `Self`, which write what they promise and keep the rest.
     Rules8() = default;
-
-    TextRef<char> ref() { return {reinterpret_cast<unsigned char*>(this), layout}; }
-    TextRef<char const> ref() const
-    {
-        return {reinterpret_cast<unsigned char const*>(this), layout};
-    }
 
     /// As `clear()` for null, else the first N characters of `s` with all behind them zero.
     void construct(char const* s)
     {
         if (s == nullptr)
-            clear();
+            this->clear();
         else
-            assignCleared(ref(), s, shortLength(s));
+            assignCleared(this->ref(), s, shortLength(s));
     }
 
     /// `count` bytes of `s`, zero bytes included, count taken modulo 65536 (-1 gives N characters)
     /// and cut at N; all text behind them zero.
-    void construct(char const* s, int count) { assignCleared(ref(), s, lowCount(count)); }
-
-    /// The low 16 bits of a count that members take modulo 65536, so -1 counts as 65535.
-    static unsigned lowCount(int count) { return static_cast<unsigned>(count) & 0xFFFFu; }
-
-    /// `count`, at most the capacity.
-    static unsigned cutCount(unsigned count)
+    void construct(char const* s, int count)
     {
-        return count < layout.capacity ? count : layout.capacity;
-    }
-
-    /// The equal-first check: first byte, which the caller names because an empty text has one
-    /// too, then length, then text.
-    bool equalExact(char first, char const* s, unsigned n) const
-    {
-        return this->text[0] == first && this->length == n && equal<Case::exact>(this->text, s, n);
+        assignCleared(this->ref(), s, this->lowCount(count));
     }
 
 private:
-    static constexpr Layout layout = layoutOf<Image>();
-
-    Self& self() { return static_cast<Self&>(*this); }
-    Self const& self() const { return static_cast<Self const&>(*this); }
-
-    unsigned commonLength(Self const& other) const
-    {
-        return this->length < other.length ? this->length : other.length;
-    }
-
-    /// The equal-first check of the folded receiver. Only characters of the text are folded, not
-    /// the stale first byte of an empty one.
-    template <Case mode>
-    bool equalToInput(Self const& other) const
-    {
-        char const first = isEmpty() ? this->text[0] : foldFirst<mode>(this->text[0]);
-        return first == other.text[0] && this->length == other.length &&
-               equal<mode>(this->text, other.text, this->length);
-    }
-
-    template <Case mode>
-    int findText(Self const& pattern, int start) const
-    {
-        return find<mode>(ref(), static_cast<char const*>(pattern.text), pattern.length, start);
-    }
-
     template <Case mode>
     bool findsText(char const* s) const
     {
-        return s != nullptr && find<mode>(ref(), s, cutCount(shortLength(s)), 0) >= 0;
-    }
-
-    /// One unsigned 16-bit comparison holds a pattern of `n` characters against the length: 0
-    /// wraps to 65535 and fails with the patterns that are too long.
-    bool holdsPattern(unsigned n) const
-    {
-        return static_cast<unsigned short>(n - 1) < this->length;
-    }
-
-    template <Case mode>
-    bool begins(char const* s, unsigned n) const
-    {
-        return holdsPattern(n) && equal<mode>(static_cast<char const*>(this->text), s, n);
-    }
-
-    bool endsFolded(char const* s, unsigned n) const
-    {
-        return holdsPattern(n) && equal<Case::folded>(this->text + (this->length - n), s, n);
+        return s != nullptr && find<mode>(this->ref(), s, this->cutCount(shortLength(s)), 0) >= 0;
     }
 
     template <Field kind>
     void addField(char const* s, int width)
     {
         unsigned const count = s == nullptr ? 0 : shortLength(s);
-        appendField<kind>(ref(), count, width, [s](char* at, unsigned kept) {
+        appendField<kind>(this->ref(), count, width, [s](char* at, unsigned kept) {
             if (kept != 0)
                 std::memmove(at, s, kept);
         });

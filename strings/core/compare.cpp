@@ -1,30 +1,52 @@
 #include "strings/core/compare.h"
 
+#include "strings/core/lanes.h"
+
 namespace qvStrings {
 
 namespace {
 
-/// Equality of one block of fixed size: no early exit, so that it becomes a few vector steps.
-template <Case mode, unsigned count, typename Unit>
-bool blockEqual(Unit const* a, Unit const* b)
+/// The lanes in which two blocks differ.
+template <Case mode, unsigned bytes, typename Unit>
+Lanes<Unit, bytes> difference(Unit const* a, Unit const* b)
 {
-    unsigned difference = 0;
-    for (unsigned i = 0; i < count; ++i)
-        difference |= static_cast<unsigned>(foldFirst<mode>(a[i]) ^ foldSecond<mode>(b[i]));
-    return difference == 0;
+    using Block = Lanes<Unit, bytes>;
+    if constexpr (mode == Case::folded)
+        return Block::foldedDifference(Block(a), Block(b));
+    else
+        return Block(a).template foldedFirst<mode>() ^ Block(b);
 }
 
-/// Index of the first unit that differs, or `count`.
-template <Case mode, typename Unit>
-unsigned mismatch(Unit const* a, Unit const* b, unsigned count)
+/// Index of the first unit that differs, or `count`, block by block. The last block reaches back
+/// into the one before it, so that only a text shorter than a block is taken unit by unit.
+template <Case mode, unsigned bytes, typename Unit>
+unsigned mismatchByBlocks(Unit const* a, Unit const* b, unsigned count)
 {
-    constexpr unsigned block = 32 / sizeof(Unit);
+    constexpr unsigned size = Lanes<Unit, bytes>::size;
     unsigned i = 0;
-    while (i + block <= count && blockEqual<mode, block>(a + i, b + i))
-        i += block;
+    for (; i + 2 * size <= count; i += 2 * size)
+        if ((difference<mode, bytes>(a + i, b + i) |
+             difference<mode, bytes>(a + i + size, b + i + size))
+                .any())
+            break;
+    for (; i + size <= count; i += size)
+        if (difference<mode, bytes>(a + i, b + i).any())
+            break;
+    if (i + size > count && count >= size) {
+        i = count - size;
+        if (!difference<mode, bytes>(a + i, b + i).any())
+            return count;
+    }
     while (i < count && foldFirst<mode>(a[i]) == foldSecond<mode>(b[i]))
         ++i;
     return i;
+}
+
+template <Case mode, typename Unit>
+unsigned mismatch(Unit const* a, Unit const* b, unsigned count)
+{
+    return count * sizeof(Unit) >= 16 ? mismatchByBlocks<mode, 16>(a, b, count)
+                                      : mismatchByBlocks<mode, 8>(a, b, count);
 }
 
 } // namespace
@@ -63,5 +85,6 @@ unsigned shortLength(char const* text)
 
 QV_INSTANTIATE(char)
 QV_INSTANTIATE(unsigned short)
+#undef QV_INSTANTIATE
 
 } // namespace qvStrings

@@ -151,5 +151,6 @@ void clearUnused(TextRef<Unit> self)
 
 QV_INSTANTIATE(char)
 QV_INSTANTIATE(unsigned short)
+#undef QV_INSTANTIATE
 
 } // namespace qvStrings

@@ -3,6 +3,7 @@
 #include "strings/core/textRef.h"
 
 #include <cstddef>
+#include <type_traits>
 
 namespace qvStrings {
 
@@ -12,6 +13,7 @@ template <typename Image>
 constexpr Layout layoutOf()
 {
     using Text = decltype(Image::text);
+    static_assert(std::extent_v<Text> - 1 <= maxCapacity);
     return {static_cast<unsigned short>(offsetof(Image, text)),
             static_cast<unsigned short>(offsetof(Image, length)),
             static_cast<unsigned short>(std::extent_v<Text> - 1),

@@ -11,8 +11,6 @@ namespace qvStrings {
 
 namespace {
 
-constexpr unsigned maxCapacity8 = 5000;
-
 /// A copy of the first `count` bytes of a text, terminated there.
 class TerminatedCopy
 {
@@ -26,20 +24,8 @@ public:
     char const* text() const { return bytes_; }
 
 private:
-    char bytes_[maxCapacity8 + 1];
+    char bytes_[maxCapacity + 1];
 };
-
-/// True when each of the `length` bytes is a digit, or '-' at position 0.
-bool isNumber(TextRef<char const> self)
-{
-    char const* const text = self.text();
-    for (unsigned i = 0; i < self.length(); ++i) {
-        bool const isDigit = text[i] >= '0' && text[i] <= '9';
-        if (!isDigit && (text[i] != '-' || i != 0))
-            return false;
-    }
-    return true;
-}
 
 /// The check and the conversion. What is converted is the stored text, up to a zero byte: an
 /// empty string with stale digits reads them, as required.

@@ -41,8 +41,20 @@ void appendZeroPadded(TextRef<char> self, DecimalText const& number, unsigned mi
 /// the last two of these. So capacities 6 and 7 cut the eight digits of a value, as required.
 void appendHex(TextRef<char> self, unsigned value, unsigned minDigits, bool lastTwo);
 
-/// `atoi` of the text. With `ok` the `length` bytes are checked first: all digits but a '-' at
-/// position 0, else *ok is false and the result 0.
+/// True when each unit of the text is a digit, or '-' at position 0. The empty text is one.
+template <typename Unit>
+bool isNumber(TextRef<Unit const> self)
+{
+    Unit const* const text = self.text();
+    for (unsigned i = 0; i < self.length(); ++i) {
+        bool const isDigit = text[i] >= '0' && text[i] <= '9';
+        if (!isDigit && (text[i] != '-' || i != 0))
+            return false;
+    }
+    return true;
+}
+
+/// `atoi` of the text. With `ok` `isNumber` is asked first; else *ok is false and the result 0.
 int toInt(TextRef<char const> self, bool* ok);
 
 /// The same with `atoll`.

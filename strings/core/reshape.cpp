@@ -136,5 +136,6 @@ void appendBlanks(TextRef<Unit> self, unsigned count)
 
 QV_INSTANTIATE(char)
 QV_INSTANTIATE(unsigned short)
+#undef QV_INSTANTIATE
 
 } // namespace qvStrings

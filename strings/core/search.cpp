@@ -1,29 +1,105 @@
 #include "strings/core/search.h"
 
+#include "strings/core/lanes.h"
+
 #include <algorithm>
+#include <numeric>
 
 namespace qvStrings {
 
 namespace {
 
-/// The sum by which a span is sieved before its units are compared: of its two ends, in as many
-/// bits as a unit has. A sum only spares comparisons, so the cheapest that tells most spans
-/// apart is taken; one addition and one comparison settle a position.
-template <Case mode, typename Unit>
-Unit spanSum(Unit const* span, unsigned count)
+/// A run of units in upper case, folded once.
+template <typename Unit>
+class UpperCopy
 {
-    return static_cast<Unit>(foldFirst<mode>(span[0]) + foldFirst<mode>(span[count - 1]));
+public:
+    UpperCopy(Unit const* units, unsigned count)
+    {
+        std::transform(units, units + count, folded_, foldUpper<Unit>);
+    }
+
+    Unit const* units() const { return folded_; }
+
+private:
+    Unit folded_[maxCapacity];
+};
+
+/// The sum filter: the sum of the pattern's units is held against that of a span which slides
+/// along the text, taking one unit in and giving one out. Only equal sums are worth comparing.
+template <typename Unit>
+int slideBySum(Unit const* text, unsigned length, Unit const* pattern, unsigned count,
+               unsigned start)
+{
+    auto const sumOf = [count](Unit const* units) {
+        return std::accumulate(units, units + count, 0u);
+    };
+    if (start + count > length)
+        return -1;
+    unsigned const wanted = sumOf(pattern);
+    unsigned sum = sumOf(text + start);
+    for (unsigned i = start;; ++i) {
+        if (sum == wanted && text[i] == pattern[0] && equal<Case::exact>(text + i, pattern, count))
+            return static_cast<int>(i);
+        if (i + count >= length)
+            return -1;
+        sum += static_cast<unsigned>(text[i + count]) - static_cast<unsigned>(text[i]);
+    }
 }
 
-/// True when one of `block` neighbouring spans has the wanted sum: no early exit, so that it
-/// becomes a few vector steps.
-template <Case mode, unsigned block, typename Unit>
-bool blockHasSum(Unit const* spans, unsigned count, Unit wanted)
+/// The same in the given case, both sides folded once.
+template <Case mode, typename Unit>
+int slideBySumIn(Unit const* text, unsigned length, Unit const* pattern, unsigned count,
+                 unsigned start)
 {
-    Unit found = 0;
-    for (unsigned i = 0; i < block; ++i)
-        found = static_cast<Unit>(found | (spanSum<mode>(spans + i, count) == wanted));
-    return found != 0;
+    if constexpr (mode == Case::exact) {
+        return slideBySum(text, length, pattern, count, start);
+    } else if constexpr (mode == Case::upperInput) {
+        UpperCopy<Unit> const upper(text, length);
+        return slideBySum(upper.units(), length, pattern, count, start);
+    } else {
+        UpperCopy<Unit> const upper(text, length);
+        UpperCopy<Unit> const upperPattern(pattern, count);
+        return slideBySum(upper.units(), length, upperPattern.units(), count, start);
+    }
+}
+
+/// What a unit of the text must show to be `wanted`, a unit of the pattern: its bits under a
+/// mask. The mask drops the bit between the cases of a letter, so nothing needs folding. It is a
+/// sieve: it may let through what a comparison refuses, never the other way round.
+template <Case mode, typename Unit>
+struct Sieve
+{
+    Unit wanted;
+    Unit mask;
+
+    explicit Sieve(Unit unit) : wanted(foldSecond<mode>(unit)), mask(static_cast<Unit>(~0))
+    {
+        bool const isLetter = foldLower(wanted) != wanted;
+        if (mode != Case::exact && isLetter)
+            mask = static_cast<Unit>(~('a' ^ 'A'));
+    }
+
+    /// 0 for a unit that passes.
+    Unit difference(Unit unit) const { return static_cast<Unit>((unit & mask) ^ wanted); }
+
+    /// 0 in the lanes of units that pass.
+    template <typename Block>
+    Block difference(Block block) const
+    {
+        return (block & Block::all(mask)) ^ Block::all(wanted);
+    }
+};
+
+/// The place in the pattern of the second unit to sieve by: the last that differs from the first
+/// one, since paths begin and end with the same unit that their neighbours do.
+template <typename Unit>
+unsigned tellingPlace(Unit const* pattern, unsigned count)
+{
+    unsigned place = count - 1;
+    while (place > 0 && pattern[place] == pattern[0])
+        --place;
+    return place > 0 ? place : count - 1;
 }
 
 } // namespace
@@ -40,19 +116,35 @@ int find(TextRef<Unit const> self, Unit const* pattern, unsigned count, int star
     if (count > length)
         return -1; // only a negative start comes here
 
-    constexpr unsigned block = 32 / sizeof(Unit);
-    unsigned const last = length - count;
-    auto const wanted =
-        static_cast<Unit>(foldSecond<mode>(pattern[0]) + foldSecond<mode>(pattern[count - 1]));
-    for (auto i = static_cast<unsigned>(std::max(start, 0)); i <= last;) {
-        if (i + block <= last && !blockHasSum<mode, block>(text + i, count, wanted)) {
-            i += block;
-            continue;
-        }
-        for (unsigned const end = std::min(i + block, last + 1); i < end; ++i)
-            if (spanSum<mode>(text + i, count) == wanted && equal<mode>(text + i, pattern, count))
-                return static_cast<int>(i);
+    // Most spans are told apart by two of their units, a block of spans at a time. Where that lets
+    // too many through, as in periodic text, the sum filter takes over: it looks at every unit
+    // once, however much the spans are alike.
+    using Block = Lanes<Unit, 16>;
+    constexpr unsigned patience = 16;
+    unsigned const spans = length - count + 1;
+    auto const begin = static_cast<unsigned>(std::max(start, 0));
+    Sieve<mode, Unit> const first(pattern[0]);
+    unsigned const place = tellingPlace(pattern, count);
+    Sieve<mode, Unit> const second(pattern[place]);
+    Unit const* const seconds = text + place;
+    unsigned i = begin;
+    unsigned refused = 0;
+    for (; i + Block::size <= spans; i += Block::size) {
+        Block const passed =
+            (first.difference(Block(text + i)) | second.difference(Block(seconds + i))).isZero();
+        unsigned found = 0;
+        if (passed.any() && passed.visitSet([&](unsigned lane) {
+                found = i + lane;
+                return equal<mode>(text + found, pattern, count) || (++refused, false);
+            }))
+            return static_cast<int>(found);
+        if (refused > patience + (i - begin) / patience)
+            return slideBySumIn<mode>(text, length, pattern, count, i + Block::size);
     }
+    for (; i < spans; ++i)
+        if ((first.difference(text[i]) | second.difference(seconds[i])) == 0 &&
+            equal<mode>(text + i, pattern, count))
+            return static_cast<int>(i);
     return -1;
 }
 
@@ -125,5 +217,6 @@ int countUnit(TextRef<Unit const> self, Unit unit)
 
 QV_INSTANTIATE(char)
 QV_INSTANTIATE(unsigned short)
+#undef QV_INSTANTIATE
 
 } // namespace qvStrings

@@ -5,6 +5,9 @@
 
 namespace qvStrings {
 
+/// The greatest capacity of all fixed strings, in units: what a copy on the stack must hold.
+constexpr unsigned maxCapacity = 5000;
+
 /// Where the parts of a fixed string lie in its object. Offsets and size in bytes, the capacity
 /// in units. Eight bytes, so that a TextRef travels in two registers.
 struct Layout
@@ -29,7 +32,7 @@ class TextRef
 public:
     using Value = std::remove_const_t<Unit>;
 
-    TextRef(Byte* object, Layout const& layout) : object_(object), layout_(layout) {}
+    TextRef(Byte* object, Layout layout) : object_(object), layout_(layout) {}
 
     /// A string that may be written may be read.
     operator TextRef<Value const>() const { return {object_, layout_}; }

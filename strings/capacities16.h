@@ -1,0 +1,35 @@
+#pragma once
+
+/// The capacities of the 16-bit strings, current and older alike, stated here and nowhere else:
+/// 16. `DO(N)` is expanded once per capacity, in rising order.
+#define QV_STRING16_CAPACITIES(DO)                                                                 \
+    DO(10)                                                                                         \
+    DO(15)                                                                                         \
+    DO(25)                                                                                         \
+    DO(30)                                                                                         \
+    DO(48)                                                                                         \
+    DO(50)                                                                                         \
+    DO(75)                                                                                         \
+    DO(100)                                                                                        \
+    DO(125)                                                                                        \
+    DO(150)                                                                                        \
+    DO(200)                                                                                        \
+    DO(225)                                                                                        \
+    DO(250)                                                                                        \
+    DO(500)                                                                                        \
+    DO(1000)                                                                                       \
+    DO(2500)
+
+namespace qvStrings {
+
+#define QV_IS_CAPACITY(N) capacity == N ||
+
+/// True for a capacity at which the 16-bit strings exist.
+constexpr bool isCapacity16(int capacity)
+{
+    return QV_STRING16_CAPACITIES(QV_IS_CAPACITY) false;
+}
+
+#undef QV_IS_CAPACITY
+
+} // namespace qvStrings

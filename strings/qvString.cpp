@@ -1,0 +1,11 @@
+#include "strings/qvString.h"
+
+#include "strings/qvString_old.h"
+
+// Every member at every capacity.
+#define QV_INSTANTIATE(N)                                                                          \
+    template class qvStrings::Rules<_qvString<N>, qvStrings::Image16<N>>;                          \
+    template class qvStrings::Rules16<_qvString<N>, qvStrings::Image16<N>>;                        \
+    template class _qvString<N>;
+QV_STRING16_CAPACITIES(QV_INSTANTIATE)
+#undef QV_INSTANTIATE

@@ -1,0 +1,134 @@
+#pragma once
+
+#include "strings/capacities16.h"
+#include "strings/image16.h"
+#include "strings/overlay16.h"
+#include "strings/rules16.h"
+
+#include <string>
+
+// The older image, in strings/qvString_old.h.
+template <int N>
+class _qvString_old;
+
+/// The current 16-bit string: up to N opaque units of text, held in the object, in the image that
+/// `docs/memory-images.md` shows. Exists for the 16 capacities of `capacities16.h`. An object is
+/// plain bytes: it may lie in a shared record, be copied as a block, and a block of zeros is an
+/// empty string.
+///
+/// The members are those of `Rules`, `Rules16` and the ones below.
+template <int N>
+class _qvString : public qvStrings::Rules16<_qvString<N>, qvStrings::Image16<N>>
+{
+    static_assert(qvStrings::isCapacity16(N), "16-bit strings exist for the capacities that "
+                                              "strings/capacities16.h lists, and for no other");
+    using Base = qvStrings::Rules16<_qvString<N>, qvStrings::Image16<N>>;
+
+public:
+    using Base::operator=;
+    using Base::operator==;
+    using Base::operator!=;
+    using Base::addNr;
+
+    /// Empty, all bytes zero.
+    QV_KEEPS_STORAGE _qvString() { this->clearAll(); }
+
+    /// One byte, sign-extended, length 1 also for 0; all other bytes zero.
+    QV_KEEPS_STORAGE _qvString(char const& c) { this->construct(c); }
+
+    /// The first N bytes of `s`, sign-extended; all other bytes zero. Null gives the empty string.
+    QV_KEEPS_STORAGE _qvString(char const* s) { this->construct(s); }
+
+    /// `n` bytes of `s`, zero bytes included, sign-extended; all other bytes zero. n counts modulo
+    /// 65536, cut at N. Null gives the empty string.
+    QV_KEEPS_STORAGE _qvString(char const* s, int n) { this->construct(s, n); }
+
+    /// The first N units of `s`, at most 1024; all text behind them zero, `reserved` stays. Null
+    /// gives the empty string.
+    QV_KEEPS_STORAGE _qvString(unsigned short const* s) { this->construct(s); }
+
+    /// `n` units of `s`, zero units included; all text behind them zero, `reserved` stays. n counts
+    /// modulo 65536, cut at N. Null goes with n = 0 only.
+    QV_KEEPS_STORAGE _qvString(unsigned short const* s, int n) { this->construct(s, n); }
+
+    /// The text that `p` views, whose length is taken as it stands: the caller knows that it is at
+    /// most N, since a longer text is written past the object. Exactly its units and the
+    /// terminator are written. Does not accept null.
+    QV_KEEPS_STORAGE _qvString(_qvString_Uni_pointer const* p) { takeOverlay(p); }
+
+    /// The first N bytes of the 8-bit text that `p` views, sign-extended; all text behind them
+    /// zero, `reserved` stays. Null gives the empty string.
+    QV_KEEPS_STORAGE _qvString(_qvString8_Uni_pointer const* p)
+    {
+        this->clear();
+        if (p != nullptr) {
+            auto const viewed = qvStrings::overlayText8(p);
+            qvStrings::assignWidened(this->ref(), viewed.text, viewed.length,
+                                     qvStrings::Extension::sign);
+        }
+    }
+
+    /// The text of an older image: its length as it stands and the first N units of its text,
+    /// stale ones included. Terminator; `reserved` and, for a shorter text, text[N] stay. A
+    /// damaged length above N is taken too, and the terminator is then written past the text.
+    QV_KEEPS_STORAGE _qvString(_qvString_old<N> const& o) { takeOld(o); }
+    _qvString& operator=(_qvString_old<N> const& o)
+    {
+        takeOld(o);
+        return *this;
+    }
+
+    /// Takes the first N characters of `s`, sign-extended; its size counts modulo 65536.
+    /// Terminator.
+    _qvString& operator=(std::string const& s)
+    {
+        qvStrings::assignWidened(this->ref(), s.data(), static_cast<unsigned>(s.size() & 0xFFFFu),
+                                 qvStrings::Extension::sign);
+        return *this;
+    }
+
+    /// Takes the text that `p` views, NOT clipped, unlike the 8-bit namesake: as the constructor.
+    _qvString& operator=(_qvString_Uni_pointer* p)
+    {
+        takeOverlay(p);
+        return *this;
+    }
+
+    /// This object as a view without a capacity.
+    _qvString_Uni_pointer* asUni() const
+    {
+        return reinterpret_cast<_qvString_Uni_pointer*>(const_cast<_qvString*>(this));
+    }
+
+    /// False for null, as `operator==` is (intended); else the opposite of it.
+    bool operator!=(char const* s) const { return s != nullptr && !(*this == s); }
+
+    /// Appends the number.
+    void addNr(unsigned long long const& v) { this->addDecimal(v); }
+    void addNr(int const& v) { this->addDecimal(v); }
+    void addNr(unsigned int const& v) { this->addDecimal(v); }
+    void addNr(unsigned char const& v) { this->addDecimal(unsigned{v}); }
+
+private:
+    void takeOverlay(_qvString_Uni_pointer const* p)
+    {
+        auto const viewed = qvStrings::overlayText16(p);
+        qvStrings::assignUnclipped(this->ref(), viewed.text, viewed.length);
+    }
+
+    void takeOld(_qvString_old<N> const& o)
+    {
+        // A record may be converted in place, so the source may go while it is copied.
+        auto const stored = o.length;
+        std::memmove(this->text, o.text, N * sizeof this->text[0]);
+        this->ref().endAt(stored);
+    }
+};
+
+// Compiled once, in qvString.cpp; small members are still inlined where they are called.
+#define QV_EXTERN(N)                                                                               \
+    extern template class qvStrings::Rules<_qvString<N>, qvStrings::Image16<N>>;                   \
+    extern template class qvStrings::Rules16<_qvString<N>, qvStrings::Image16<N>>;                 \
+    extern template class _qvString<N>;
+QV_STRING16_CAPACITIES(QV_EXTERN)
+#undef QV_EXTERN
