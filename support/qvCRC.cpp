@@ -49,7 +49,7 @@ std::uint64_t loadLittleEndian(unsigned char const* data)
 template <typename Entry>
 std::uint64_t byteOf(Entry const& entry, std::size_t place)
 {
-    bool const littleEndian = std::endian::native == std::endian::little;
+    constexpr bool littleEndian = std::endian::native == std::endian::little;
     auto const* const bytes = reinterpret_cast<unsigned char const*>(&entry);
     std::uint64_t byte = bytes[littleEndian ? place : sizeof(Entry) - 1 - place];
     __asm__("" : "+r"(byte));

@@ -31,7 +31,8 @@ void qvCRCInitialize();
 
 /// Advances the CRC-32 state `*crc` over `length` bytes, storing it back after every byte. Sets
 /// no initial value and inverts nothing: start with 0xFFFFFFFF, chain blocks, invert at the end.
-/// Does not build the table: the caller sees to that by `qvCRCInitialize` or any `qvCRCCalc`.
+/// `crc` must not be null. Does not build the table: the caller sees to that by `qvCRCInitialize`
+/// or any `qvCRCCalc`.
 void qvCRCPartial(unsigned int* crc, unsigned char const* data, unsigned int length);
 
 /// CRC-32/ISO-HDLC of `length` bytes; 0 for an empty block. Builds the table at its first call.

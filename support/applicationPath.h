@@ -1,0 +1,9 @@
+#pragma once
+
+#include "strings/qvString.h"
+#include "strings/qvString8.h"
+
+/// The steps of `qvApplicationPath` behind the platform's answer, which is empty when there is
+/// none.
+bool applicationPathFrom(_qvString<250> const& answer, char const* argv0,
+                         _qvString8_allSize<250>& out);

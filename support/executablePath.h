@@ -1,0 +1,7 @@
+#pragma once
+
+#include "strings/qvString.h"
+
+/// The platform's answer: the full path of the running executable, or nothing. One source file per
+/// platform answers.
+_qvString<250> executablePath();

@@ -1,0 +1,16 @@
+#include "support/executablePath.h"
+
+#include <unistd.h>
+
+_qvString<250> executablePath()
+{
+    constexpr ssize_t capacity = 250;
+    char bytes[capacity + 2]; // one more than fits, to see what does not, and the terminator
+    ssize_t const length = readlink("/proc/self/exe", bytes, capacity + 1);
+    _qvString<250> path;
+    if (length > 0 && length <= capacity) {
+        bytes[length] = 0;
+        path = bytes;
+    }
+    return path;
+}

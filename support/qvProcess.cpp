@@ -1,0 +1,66 @@
+#include "support/qvProcess.h"
+
+#include "segment/qvSystem.h"
+#include "support/applicationPath.h"
+#include "support/executablePath.h"
+
+#include <cstdlib>
+
+namespace {
+
+template <int N>
+_qvString8_allSize<N> environmentVariable(char const* name)
+{
+    _qvString8_allSize<N> value;
+    if (char const* const found = std::getenv(name))
+        value = found;
+    return value;
+}
+
+} // namespace
+
+bool qvApplicationPath(_qvString8_allSize<250>& out, char* argv0)
+{
+    return applicationPathFrom(executablePath(), argv0, out);
+}
+
+_qvString8_allSize<250> qvApplicationPath(char* argv0)
+{
+    _qvString8_allSize<250> path;
+    qvApplicationPath(path, argv0);
+    return path;
+}
+
+_qvString8_allSize<250> qvGetDirName_local(_qvString8_allSize<250> path)
+{
+    if (path.length <= 2)
+        return path;
+    if (path.endsWith('/'))
+        path.setLength(static_cast<short>(path.length - 1));
+
+    // Positions 0 and 1 are no cuts: the root, a drive or a network path would go.
+    constexpr int firstCut = 2;
+    int const last = path.lastIndexOf('/', -1);
+    bool const isNetwork = path.text[1] == '/';
+    if (last >= firstCut && (!isNetwork || path.lastIndexOf('/', last - 1) >= firstCut))
+        path.setLength(static_cast<short>(last));
+    path += '/';
+    return path;
+}
+
+_qvString8_allSize<250> qvGetEnvironmentVariable8(_qvString8_allSize<250> const& name)
+{
+    return environmentVariable<250>(name.asChar());
+}
+
+_qvString8_allSize<5000> qvGetEnvironmentVariable8_long(_qvString8_allSize<250> const& name)
+{
+    return environmentVariable<5000>(name.asChar());
+}
+
+_qvString<500> qvLastOSError(int code)
+{
+    _qvString<500> text;
+    text = qvLastOSError8(code).asChar();
+    return text;
+}

