@@ -20,7 +20,6 @@
 
 namespace {
 
-constexpr unsigned char commandType = 2; // a messageValue of this type is a command code
 constexpr int pollMs = 20;
 
 std::sig_atomic_t volatile stopAsked = 0;
@@ -55,13 +54,12 @@ bool readLimits(int argc, char** argv, Limits& limits)
     return true;
 }
 
-/// Makes the segment. One that nobody is attached to is a leftover of a client that died: to
-/// attach and leave it as the last one removes it.
+/// Makes the segment. One that nobody is attached to is a leftover of a client that died: leaving
+/// the key that creation found taken removes it, as the last one out always does.
 bool createSegment(qvSharedMemory& segment)
 {
     if (segment.create(clientRecordSize, false, false))
         return true;
-    segment.attach();
     segment.detach();
     return segment.create(clientRecordSize, false, false);
 }
@@ -89,7 +87,9 @@ void print(Messages const& messages)
     for (int i = 0; i < messages.count; ++i) {
         std::printf("kind %d, type %d, value %d", messages.kind[i], messages.type[i],
                     messages.value[i]);
-        if (messages.type[i] == commandType) {
+        bool const isCommand =
+            messages.type[i] == static_cast<unsigned char>(ClientMessageType::command);
+        if (isCommand && messages.value[i] <= UCHAR_MAX) {
             auto const code = static_cast<unsigned char>(messages.value[i]);
             std::printf(": %s", qvC::qvClientCommandName(code).asChar());
         }
@@ -110,15 +110,17 @@ int main(int argc, char** argv)
     for (int const number : {SIGINT, SIGTERM})
         std::signal(number, [](int) { stopAsked = 1; });
 
-    qvSharedMemory segment("qvClientSharedMemory");
+    qvSharedMemory segment(clientSegmentName);
     if (!createSegment(segment)) {
         std::printf("standInClient: %s\n", segment.errorString().asChar());
         return 1;
     }
     auto& record = *static_cast<qvClientMailbox volatile*>(segment.data());
+    segment.lock();
     record.recordMarker = clientRecordMarker;
     record.stateMarker = clientStateMarker;
     record.stateFlag = clientStateFlag;
+    segment.unlock();
     std::printf("standInClient: ready, segment 0x%X\n", static_cast<unsigned>(segment.key));
     std::fflush(stdout);
 

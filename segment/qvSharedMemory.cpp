@@ -226,7 +226,7 @@ void qvSharedMemory::computeKey()
 bool qvSharedMemory::map(int id)
 {
     void* const address = shmat(id, nullptr, 0);
-    // The system's own mark of failure, in the form it is laid down.
+    // shmat reports failure as an address of -1.
     if (reinterpret_cast<std::intptr_t>(address) == -1) {
         base = nullptr;
         setError("attach (shmat)");

@@ -2,6 +2,7 @@
 // not know. g++ asks for the other by predefining _GNU_SOURCE, so this file, which includes
 // nothing else, takes that back.
 #undef _GNU_SOURCE
+#undef _POSIX_C_SOURCE
 #define _POSIX_C_SOURCE 200809L
 
 #include "segment/systemErrorText.h"

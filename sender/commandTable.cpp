@@ -12,26 +12,26 @@ struct Command
 
 /// All words with a fixed message, in the order in which they are compared.
 constexpr Command commands[] = {
-    {"abort", {MessageType::command, 1}},
-    {"enable", {MessageType::command, 2}},
-    {"disable", {MessageType::command, 3}},
-    {"restart", {MessageType::command, 8}},
-    {"abortdisable", {MessageType::command, 15}},
-    {"shutdown", {MessageType::command, 28}},
-    {"UseWorking", {MessageType::command, 6}},
-    {"IgnoreWorking", {MessageType::command, 7}},
-    {"RestartClientExe", {MessageType::command, 8}},
-    {"RestartMachine", {MessageType::command, 10}},
-    {"RestartMachineAfterRender", {MessageType::command, 58}},
-    {"IgnoreCPU", {MessageType::command, 16}},
-    {"ReserveCPUInteractive", {MessageType::command, 17}},
-    {"UseCPUInteractive", {MessageType::command, 18}},
-    {"ReloadAllConfig", {MessageType::command, 23}},
-    {"ConfigSearchForApplications", {MessageType::command, 24}},
-    {"UpdateServiceCfg", {MessageType::command, 25}},
-    {"ShowProcessTree", {MessageType::command, 32}},
-    {"DevDebug", {MessageType::command, 37}},
-    {"checkjob", {MessageType::checkJob, 9}},
+    {"abort", {ClientMessageType::command, 1}},
+    {"enable", {ClientMessageType::command, 2}},
+    {"disable", {ClientMessageType::command, 3}},
+    {"restart", {ClientMessageType::command, 8}},
+    {"abortdisable", {ClientMessageType::command, 15}},
+    {"shutdown", {ClientMessageType::command, 28}},
+    {"UseWorking", {ClientMessageType::command, 6}},
+    {"IgnoreWorking", {ClientMessageType::command, 7}},
+    {"RestartClientExe", {ClientMessageType::command, 8}},
+    {"RestartMachine", {ClientMessageType::command, 10}},
+    {"RestartMachineAfterRender", {ClientMessageType::command, 58}},
+    {"IgnoreCPU", {ClientMessageType::command, 16}},
+    {"ReserveCPUInteractive", {ClientMessageType::command, 17}},
+    {"UseCPUInteractive", {ClientMessageType::command, 18}},
+    {"ReloadAllConfig", {ClientMessageType::command, 23}},
+    {"ConfigSearchForApplications", {ClientMessageType::command, 24}},
+    {"UpdateServiceCfg", {ClientMessageType::command, 25}},
+    {"ShowProcessTree", {ClientMessageType::command, 32}},
+    {"DevDebug", {ClientMessageType::command, 37}},
+    {"checkjob", {ClientMessageType::checkJob, 9}},
 };
 
 /// The last word of the table, whose value is the second argument. The usage text keeps quiet
@@ -47,7 +47,7 @@ std::optional<ClientMessage> readFrameDone(int argc, char const* const* argv, Wo
     auto const value = static_cast<std::uint16_t>(std::atoi(text.asChar()));
     if (value == 0)
         return std::nullopt;
-    return ClientMessage{MessageType::frameDone, value};
+    return ClientMessage{ClientMessageType::frameDone, value};
 }
 
 } // namespace

@@ -7,8 +7,6 @@
 
 namespace {
 
-using Message = _qvString8_allSize<250>;
-
 void printVersion()
 {
     std::fputs(qvVersion, stdout);
@@ -17,7 +15,7 @@ void printVersion()
 /// Prints a finished message behind the version. The message is the format itself and no
 /// argument of "%s", by decision: a "%" in a system's error text reads as a conversion. What the
 /// user typed never comes here.
-void printFailure(Message const& message)
+void printFailure(WorkingText const& message)
 {
     printVersion();
 #pragma GCC diagnostic push
@@ -28,9 +26,9 @@ void printFailure(Message const& message)
 }
 
 /// A failure with the segment's own text. A message of 250 characters has no newline.
-void printFailure(char const* what, Message const& reason)
+void printFailure(char const* what, WorkingText const& reason)
 {
-    Message message = what;
+    WorkingText message = what;
     message += reason;
     message += '\n';
     printFailure(message);
@@ -38,29 +36,29 @@ void printFailure(char const* what, Message const& reason)
 
 } // namespace
 
-void outcome::unknownCommand(_qvString8_allSize<250> const& word)
+void outcome::unknownCommand(WorkingText const& word)
 {
     std::printf("Unknown command %s\n", word.asChar());
 }
 
-void outcome::attachFailed(_qvString8_allSize<250> const& reason)
+void outcome::attachFailed(WorkingText const& reason)
 {
     printFailure("++++ Unable to attach shared memory! ", reason);
 }
 
-void outcome::accessFailed(_qvString8_allSize<250> const& reason)
+void outcome::accessFailed(WorkingText const& reason)
 {
     printFailure("++++ Unable to access shared memory data! ", reason);
 }
 
-void outcome::lockFailed(_qvString8_allSize<250> const& reason)
+void outcome::lockFailed(WorkingText const& reason)
 {
     printFailure("++++ Unable to lock shared memory data! ", reason);
 }
 
 void outcome::wrongSize(int size)
 {
-    Message message;
+    WorkingText message;
     std::snprintf(message.asChar(), sizeof message.text,
                   "++++ Shared memory has wrong data size! (%d!=%d)\n", size, clientRecordSize);
     message.calcLength();
@@ -69,7 +67,7 @@ void outcome::wrongSize(int size)
 
 void outcome::wrongFormat(int recordMarker, int stateMarker, int stateFlag)
 {
-    Message message;
+    WorkingText message;
     std::snprintf(message.asChar(), sizeof message.text,
                   "++++ Shared memory has wrong data format! (%d!=%d  %d!=%d  %d!=%d)\n",
                   recordMarker, clientRecordMarker, stateMarker, clientStateMarker, stateFlag,

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "strings/qvString8.h"
+#include "sender/workingText.h"
 
 /// How a run ends, in words: the one place that maps an outcome to its text on standard output.
 /// Scripts compare these lines, so every byte is fixed. Failures of the segment and the record
@@ -8,12 +8,12 @@
 namespace outcome {
 
 /// The word is in no table, or the number of "EventFrameDone" is 0 in its low 16 bits.
-void unknownCommand(_qvString8_allSize<250> const& word);
+void unknownCommand(WorkingText const& word);
 
 /// The client's segment cannot be attached, its record not reached, its lock not taken.
-void attachFailed(_qvString8_allSize<250> const& reason);
-void accessFailed(_qvString8_allSize<250> const& reason);
-void lockFailed(_qvString8_allSize<250> const& reason);
+void attachFailed(WorkingText const& reason);
+void accessFailed(WorkingText const& reason);
+void lockFailed(WorkingText const& reason);
 
 /// The segment is too small for the record; worded as an inequality although it is a minimum.
 void wrongSize(int size);

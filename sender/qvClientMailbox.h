@@ -3,6 +3,17 @@
 #include <cstddef>
 #include <cstdint>
 
+/// Name of the client's segment, as `qvSharedMemory` takes it.
+inline constexpr char clientSegmentName[] = "qvClientSharedMemory";
+
+/// How the client reads the value of a message.
+enum class ClientMessageType : unsigned char
+{
+    command = 2,   ///< A command code; `qvC::qvClientCommandName` has its display name.
+    checkJob = 3,  ///< Send 'Check Job' to the server; the value is 9 and no command code.
+    frameDone = 5, ///< A number whose meaning belongs to the client.
+};
+
 /// Most messages that the queue holds.
 inline constexpr int maxClientMessages = 30;
 

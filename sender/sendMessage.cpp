@@ -61,7 +61,7 @@ void deliver(qvSharedMemory& segment, ClientMessage const& message)
 
 void sendMessage(ClientMessage const& message)
 {
-    qvSharedMemory segment("qvClientSharedMemory");
+    qvSharedMemory segment(clientSegmentName);
     if (!segment.attach()) {
         outcome::attachFailed(segment.errorString());
         return; // the destructor leaves what there is to leave
