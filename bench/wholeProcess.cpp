@@ -9,6 +9,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <fcntl.h>
 #include <sched.h>
 #include <sys/ptrace.h>
@@ -42,7 +43,11 @@ double microsecondsOf(char const* program)
     waitpid(start(program, false), &status, 0);
     std::chrono::duration<double, std::micro> const taken =
         std::chrono::steady_clock::now() - begin;
-    return status == 0 ? taken.count() : -1;
+    if (status != 0) {
+        std::printf("wholeProcess: %s failed\n", program);
+        std::exit(1);
+    }
+    return taken.count();
 }
 
 /// System calls of one run, `execve` included.
@@ -53,7 +58,7 @@ int systemCallsOf(char const* program)
     int status = 0;
     waitpid(child, &status, 0); // stopped behind its execve
     ptrace(PTRACE_SETOPTIONS, child, nullptr, PTRACE_O_TRACESYSGOOD);
-    while (!WIFEXITED(status)) {
+    while (WIFSTOPPED(status)) {
         ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
         waitpid(child, &status, 0);
         if (WIFSTOPPED(status) && WSTOPSIG(status) == (SIGTRAP | 0x80))
@@ -80,9 +85,11 @@ struct Times
 
 int main()
 {
-    // A System V namespace of our own where the system grants one, not to disturb a real client.
-    unshare(CLONE_NEWIPC);
-    qvSharedMemory segment("qvClientSharedMemory");
+    // A System V namespace of our own where the system grants one. Elsewhere a client that runs
+    // here makes the creation fail, so that none is disturbed.
+    if (unshare(CLONE_NEWIPC) != 0)
+        std::puts("wholeProcess: no namespace of its own; the client's segment is made for real");
+    qvSharedMemory segment(clientSegmentName);
     if (!segment.create(clientRecordSize, false, false)) {
         std::printf("wholeProcess: %s\n", segment.errorString().asChar());
         return 1;

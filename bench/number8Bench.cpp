@@ -1,0 +1,119 @@
+/// Numbers to text and back in the 8-bit strings, beside the C library and <charconv>. The numbers
+/// take turns, lest one's digits be learned by heart.
+
+#include "bench/measure.h"
+#include "strings/qvString8.h"
+
+#include <array>
+#include <charconv>
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+constexpr std::array<int, 8> numbers = {7, -42, 1204, 90125, -314159, 2147483647, 65536, -1};
+constexpr std::array<char const*, numbers.size()> decimals = {
+    "7", "-42", "1204", "90125", "-314159", "2147483647", "65536", "-1"};
+constexpr std::array<char const*, numbers.size()> hexDigits = {
+    "00000007", "FFFFFFD6", "000004B4", "0001600D", "FFFB34D1", "7FFFFFFF", "00010000", "FFFFFFFF"};
+
+/// The elements of `list` in turn, without end.
+template <typename Element>
+class Turns
+{
+public:
+    explicit Turns(std::array<Element, numbers.size()> const& list) : list_(list) {}
+    Element const& next() { return list_[++at_ % numbers.size()]; }
+
+private:
+    std::array<Element, numbers.size()> list_;
+    unsigned at_ = 0;
+};
+
+/// The given texts as strings of one type.
+template <typename String>
+Turns<String> texts(std::array<char const*, numbers.size()> const& literals)
+{
+    std::array<String, numbers.size()> list;
+    for (std::size_t i = 0; i < list.size(); ++i)
+        list[i] = literals[i];
+    return Turns(list);
+}
+
+template <int N>
+void toText(std::string const& size)
+{
+    using String = _qvString8_allSize<N>;
+    using Buffer = std::array<char, static_cast<std::size_t>(N) + 1>;
+    measure("numberToText/decimal/" + size + "ours",
+            [turns = Turns(numbers), s = String()]() mutable {
+                s.setLength(0);
+                s.addNr(turns.next());
+                return &s;
+            });
+    measure("numberToText/decimal/" + size + "snprintf",
+            [turns = Turns(numbers), buffer = Buffer()]() mutable {
+                return std::snprintf(buffer.data(), buffer.size(), "%d", turns.next());
+            });
+    measure("numberToText/decimal/" + size + "to_chars",
+            [turns = Turns(numbers), buffer = Buffer()]() mutable {
+                char* const begin = buffer.data();
+                return std::to_chars(begin, begin + buffer.size(), turns.next()).ptr;
+            });
+    measure("numberToText/hex/" + size + "ours", [turns = Turns(numbers), s = String()]() mutable {
+        s.setLength(0);
+        s.addHexCode(turns.next());
+        return &s;
+    });
+    measure("numberToText/hex/" + size + "snprintf",
+            [turns = Turns(numbers), buffer = Buffer()]() mutable {
+                return std::snprintf(buffer.data(), buffer.size(), "%08X",
+                                     static_cast<unsigned>(turns.next()));
+            });
+}
+
+template <int N>
+void toNumber(std::string const& size)
+{
+    using String = _qvString8_allSize<N>;
+    measure("textToNumber/decimal/" + size + "ours", [turns = texts<String>(decimals)]() mutable {
+        bool ok = false;
+        int const value = turns.next().toInt(&ok);
+        return ok ? value : 0;
+    });
+    measure("textToNumber/decimal/" + size + "atoi",
+            [turns = texts<std::string>(decimals)]() mutable {
+                return std::atoi(turns.next().c_str());
+            });
+    measure("textToNumber/decimal/" + size + "from_chars",
+            [turns = texts<std::string>(decimals)]() mutable {
+                std::string const& text = turns.next();
+                int value = 0;
+                std::from_chars(text.data(), text.data() + text.size(), value);
+                return value;
+            });
+    measure("textToNumber/hex/" + size + "ours",
+            [turns = texts<String>(hexDigits), s = String()]() mutable {
+                bool ok = false;
+                s = turns.next().asChar(); // not const, so the turn's text is copied
+                return s.toIntFromHex(32, false, false, &ok);
+            });
+    measure("textToNumber/hex/" + size + "strtoll",
+            [turns = texts<std::string>(hexDigits), s = std::string()]() mutable {
+                s = turns.next().c_str();
+                return std::strtoll(s.c_str(), nullptr, 16);
+            });
+}
+
+template <int N>
+void atCapacity()
+{
+    std::string const size = std::to_string(N) + "/";
+    toText<N>(size);
+    toNumber<N>(size);
+}
+
+[[maybe_unused]] bool const registered =
+    (atCapacity<25>(), atCapacity<250>(), atCapacity<5000>(), true);
+
+} // namespace

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <boost/static_string/static_string.hpp>
+
+/// The peer that holds its text in the object as well; and what the standard strings lack and the
+/// fixed strings have, written as one writes it by hand.
+
+template <int N>
+using StaticString = boost::static_string<static_cast<std::size_t>(N)>;
+
+/// Every `from` becomes `to`, found from left to right.
+template <typename String>
+void replaceEvery(String& text, String const& from, String const& to)
+{
+    for (auto at = text.find(from); at != String::npos; at = text.find(from, at + to.size()))
+        text.replace(at, from.size(), to);
+}
+
+/// Strips the characters of `blanks` from both ends.
+template <typename String>
+void trimEnds(String& text, typename String::value_type const* blanks)
+{
+    auto const last = text.find_last_not_of(blanks);
+    text.erase(last == String::npos ? 0 : last + 1);
+    text.erase(0, text.find_first_not_of(blanks));
+}
+
+/// Equality of two units but for the case of ASCII letters.
+template <typename Unit>
+bool equalIgnoringCase(Unit a, Unit b)
+{
+    auto const upper = [](Unit unit) {
+        return unit >= 'a' && unit <= 'z' ? static_cast<Unit>(unit - ('a' - 'A')) : unit;
+    };
+    return upper(a) == upper(b);
+}

@@ -1,0 +1,117 @@
+#!/usr/bin/env python3
+"""Runs the benchmarks, holds them against what we want of them, and prints a Markdown table.
+
+usage: targets.py QVBENCH [--filter REGEX] [--repetitions N] [--seconds S] [--all]
+
+Judged are ratios of median CPU times from one run in which ours and the peers take turns: the
+machines differ and are noisy. What misses its target is shown, not refused, so the exit code is
+always 0.
+"""
+
+import argparse
+import json
+import re
+import subprocess
+import sys
+
+# Which operations, beside which peer, and at most how much of its time. The first line whose
+# pattern is the whole name of the operation counts, for each peer.
+TARGETS = [
+    (r"findFolded/.*", "strcasestr", 0.65),
+    (r"find/common/.*", "std::string", 2),
+    (r"find/path/.*", "std::string", 0.3),
+    (r"find16/common/.*", "u16string_view", 2),
+    (r"find16/path/.*", "u16string_view", 0.3),
+    (r"equalFolded/.*", "strncasecmp", 2),
+    (r"(construct|append)/.*/(25|250)", "std::string", 1.5),
+    (r"(construct|append)16/.*/(25|250)", "std::u16string", 1.5),
+    # The text itself has to be measured and copied too, which counts in a full string only.
+    (r"construct/(word|line)/5000", "memset", 1.2),
+    (r"construct/full/5000", "strlen+memcpy", 1.2),
+    (r"copy/.*/5000", "memcpy", 1.2),
+    (r"construct16/(word|line)/2500", "memset", 1.2),
+    (r"copy16/.*/2500", "memcpy", 1.2),
+    (r"numberToText(16)?/.*", "snprintf", 0.3),
+    (r"crc(32|64)/.*/4096", "plainLoop", 1 / 1.2),
+    (r"crc16/.*/4096", "plainLoop", 1 / 1.25),
+]
+
+COLUMNS = ("operation", "ours", "peer", "ratio", "target", "met")
+
+
+def arguments():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("qvBench", help="path of the benchmark program")
+    parser.add_argument("--filter", default=".", help="only the benchmarks with such a name")
+    parser.add_argument("--repetitions", type=int, default=9)
+    parser.add_argument("--seconds", type=float, default=0.01, help="least time of a repetition")
+    parser.add_argument("--all", action="store_true", help="also pairs that have no target")
+    return parser.parse_args()
+
+
+def medians(options):
+    """operation -> who -> median CPU time in nanoseconds, in the order of the program."""
+    command = [
+        options.qvBench,
+        "--benchmark_format=json",
+        f"--benchmark_filter={options.filter}",
+        f"--benchmark_repetitions={options.repetitions}",
+        f"--benchmark_min_time={options.seconds}",
+        "--benchmark_enable_random_interleaving=true",
+        "--benchmark_report_aggregates_only=true",
+    ]
+    output = subprocess.run(command, check=True, stdout=subprocess.PIPE).stdout
+    # They come back in the random order in which they took turns.
+    entries = sorted(json.loads(output)["benchmarks"], key=lambda each: each["family_index"])
+    times = {}
+    for entry in entries:
+        if entry.get("aggregate_name") == "median":
+            operation, who = entry["run_name"].rsplit("/", 1)
+            times.setdefault(operation, {})[who] = entry["cpu_time"]
+    return times
+
+
+def limit_of(operation, peer):
+    for pattern, target_peer, limit in TARGETS:
+        if peer == target_peer and re.fullmatch(pattern, operation):
+            return limit
+    return None
+
+
+def rows(times, with_all):
+    for operation, by_who in times.items():
+        ours = by_who.get("ours")
+        if not ours:
+            continue
+        for peer, theirs in by_who.items():
+            limit = limit_of(operation, peer)
+            if peer == "ours" or not theirs or (limit is None and not with_all):
+                continue
+            ratio = ours / theirs
+            target, met = "", ""
+            if limit is not None:
+                target, met = f"<= {limit:.2f}", "yes" if ratio <= limit else "NO"
+            yield (operation, f"{ours:.1f} ns", f"{peer} {theirs:.1f} ns", f"{ratio:.2f}",
+                   target, met)
+
+
+def print_table(lines):
+    widths = [max(len(line[i]) for line in [COLUMNS, *lines]) for i in range(len(COLUMNS))]
+    for line in [COLUMNS, ["-" * width for width in widths], *lines]:
+        print("| " + " | ".join(cell.ljust(width) for cell, width in zip(line, widths)) + " |")
+
+
+def main():
+    options = arguments()
+    try:
+        table = list(rows(medians(options), options.all))
+    except (OSError, subprocess.CalledProcessError, ValueError) as error:
+        print(f"targets.py: {error}", file=sys.stderr)
+        return
+    print_table(table)
+    judged = [line[-1] for line in table if line[-1]]
+    print(f"\n{judged.count('yes')} of {len(judged)} targets met")
+
+
+if __name__ == "__main__":
+    main()
