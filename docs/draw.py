@@ -15,9 +15,9 @@ import sys
 DOCS = pathlib.Path(__file__).resolve().parent
 WIDTH = 900
 ROW_HEIGHT = 64
-# Boxes are as wide as their number of bytes asks, within these bounds: a record has fields of 1
-# and of 20866 bytes.
-NARROWEST, WIDEST = 92, 220
+# Boxes are as wide as their words ask, and wider where the size depends on N: true proportions
+# would hide fields of 1 byte beside one of 20866.
+NARROWEST, LONG = 92, 260
 
 
 def tables(text):
@@ -34,18 +34,29 @@ def boxes(header, rows):
         yield row[header.index("Offset")], row[header.index("Size")], row[name].strip("`")
 
 
+def total(*expressions):
+    """The sum of expressions like "2N + 2", written the same way."""
+    units = rest = 0
+    for term in " + ".join(expressions).split(" + "):
+        if term.endswith("N"):
+            units += int(term[:-1] or 1)
+        else:
+            rest += int(term)
+    return f"{units if units > 1 else ''}N + {rest}" if units else str(rest)
+
+
 def escape(text):
     return text.replace("&", "&amp;").replace("<", "&lt;").replace(">", "&gt;")
 
 
 def width_of(name, size):
-    wanted = 9 * max(len(name), len(size)) + 24
-    return max(NARROWEST, min(WIDEST, wanted))
+    return LONG if "N" in size else max(NARROWEST, 9 * max(len(name), len(size)) + 24)
 
 
 def draw(header, rows):
     parts = []
-    x = y = 0
+    x = y = right = 0
+    end = "0"
     for offset, size, name in boxes(header, rows):
         width = width_of(name, size)
         if x + width > WIDTH:
@@ -58,11 +69,17 @@ def draw(header, rows):
             f'<text x="{x + width / 2}" y="{y + 39}" class="name">{escape(name or "…")}</text>'
             f'<text x="{x + width / 2}" y="{y + 56}" class="size">{escape(size)} {unit}</text>')
         x += width
+        end = total(offset, size)
+        right = max(right, x, x + 4 + 7 * len(end))
+    parts.append(f'<text x="{x + 4}" y="{y + 12}" class="offset">{escape(end)}</text>')
+    width, height = right + 8, y + ROW_HEIGHT + 8
+    # The ground is painted: the words are dark, and a reader's page may be too.
     return (
-        f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {WIDTH + 1} {y + ROW_HEIGHT + 8}" '
-        f'font-family="monospace">\n'
+        f'<svg xmlns="http://www.w3.org/2000/svg" width="{width}" height="{height}" '
+        f'viewBox="-4 0 {width} {height}" font-family="monospace">\n'
         '<style>text{fill:#222}rect{stroke:#555}.name{font-size:13px;text-anchor:middle}'
         '.offset{font-size:11px}.size{font-size:11px;text-anchor:middle;fill:#666}</style>\n'
+        f'<path fill="#fff" d="M-4 0h{width}v{height}h-{width}z"/>\n'
         + "\n".join(parts) + "\n</svg>\n")
 
 
