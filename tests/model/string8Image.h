@@ -1,22 +1,12 @@
 #pragma once
 
+#include "tests/model/stringImage.h"
+
 #include <cstddef>
 
 namespace qvTest {
 
-// Where the fields of an 8-bit string lie. The spare bytes have no meaning and no clearing reaches
-// them: the pad of the current image, the filler and alignment bytes of the older ones.
-struct String8Image
-{
-    std::size_t capacity;
-    std::size_t textAt;
-    std::size_t lengthAt;
-    std::size_t spareAt;
-    std::size_t spareCount;
-    std::size_t size;
-
-    bool operator==(String8Image const&) const = default;
-};
+using String8Image = StringImage;
 
 constexpr bool isOdd(std::size_t n)
 {

@@ -7,11 +7,6 @@
 
 namespace qvTest {
 
-void String8Model::addNumber(std::string const& digits)
-{
-    blockAppend(digits, static_cast<unsigned int>(digits.size()));
-}
-
 // The zeros come in front of the sign.
 void String8Model::addNumber(std::string const& digits, unsigned char minWidth)
 {
@@ -26,34 +21,12 @@ void String8Model::addNrSpacing(long long v, signed char width)
     addSpacingC(&digits, width);
 }
 
-String8Model String8Model::fromNr(long long v) const
-{
-    String8Model made = newResult(layout);
-    made.clear();
-    std::string const digits = std::to_string(v);
-    std::size_t const n = std::min(digits.size(), capacity());
-    made.copyIn(0, digits, n);
-    made.putLength(n);
-    return made;
-}
-
 void String8Model::addHex(std::string const& digits, bool lastTwoOnly)
 {
     std::string kept = digits.substr(0, std::min(digits.size(), capacity()));
     if (lastTwoOnly)
         kept = kept.substr(kept.size() - 2);
-    characterAppend(temporary(&kept));
-}
-
-bool String8Model::digitsOnly() const
-{
-    for (std::size_t i = 0; i < length(); ++i) {
-        bool const isDigit = textAt(i) >= '0' && textAt(i) <= '9';
-        bool const isSign = i == 0 && textAt(i) == '-';
-        if (!isDigit && !isSign)
-            return false;
-    }
-    return true;
+    append(temporary(&kept));
 }
 
 // The check looks at the characters in use, the conversion at the stored text.
@@ -93,7 +66,7 @@ long long String8Model::toIntFromHex(int bits, bool asSigned, bool cutDigits, bo
                 static_cast<std::uint32_t>(u.length()) - static_cast<std::uint32_t>(digits);
             std::size_t const k = std::min<std::size_t>(rest, capacity());
             for (std::size_t i = 0; i < k; ++i)
-                putText(i, u.reachedByte(static_cast<unsigned long long>(digits) + i));
+                putText(i, u.reachedUnit(static_cast<unsigned long long>(digits) + i));
             putLength(k);
             terminate();
         }

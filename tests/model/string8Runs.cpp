@@ -1,47 +1,65 @@
 #include "tests/model/string8Runs.h"
 
+#include "tests/model/stringDriver.h"
+
 namespace qvTest {
+
+template <int N>
+struct StringTraits<_qvString8_allSize<N>>
+{
+    using Model = String8Model;
+    static constexpr unsigned place = Images::c8;
+    static constexpr std::size_t capacity = N;
+    static constexpr StringImage image = currentImage(N);
+};
+
+template <int N>
+struct StringTraits<_qvString8_evenSize_old<N>>
+{
+    using Model = String8Model;
+    static constexpr unsigned place = Images::o8;
+    static constexpr std::size_t capacity = N;
+    static constexpr StringImage image = evenOldImage(N);
+};
+
+template <int N>
+struct StringTraits<_qvString8_UnevenSize_old<N>>
+{
+    using Model = String8Model;
+    static constexpr unsigned place = Images::o8;
+    static constexpr std::size_t capacity = N;
+    static constexpr StringImage image = unevenOldImage(N);
+};
 
 namespace {
 
-template <class C>
-std::string drive(DriverOptions const& options, unsigned char const* data, std::size_t size)
+template <int N>
+constexpr StringRun current8()
 {
-    return String8Driver<C>(options).run(data, size);
+    return runOf<_qvString8_allSize<N>>("current");
 }
 
 template <int N>
-constexpr String8Run current()
+constexpr StringRun evenOld()
 {
-    return {"current", N, true, drive<_qvString8_allSize<N>>};
-}
-
-#if QV_HAS_OLD_STRING8
-template <int N>
-constexpr String8Run evenOld()
-{
-    return {"evenOld", N, false, drive<_qvString8_evenSize_old<N>>};
+    return runOf<_qvString8_evenSize_old<N>>("evenOld");
 }
 
 template <int N>
-constexpr String8Run unevenOld()
+constexpr StringRun unevenOld()
 {
-    return {"unevenOld", N, false, drive<_qvString8_UnevenSize_old<N>>};
+    return runOf<_qvString8_UnevenSize_old<N>>("unevenOld");
 }
-#endif
 
-constexpr String8Run runs[] = {
-    current<6>(),    current<7>(),   current<8>(),    current<14>(),
-    current<15>(),   current<250>(), current<5000>(),
-#if QV_HAS_OLD_STRING8
-    evenOld<6>(),    evenOld<8>(),   evenOld<14>(),   evenOld<250>(),
-    evenOld<5000>(), unevenOld<7>(), unevenOld<15>(),
-#endif
+constexpr StringRun runs[] = {
+    current8<6>(),   current8<7>(),    current8<8>(),  current8<14>(),  current8<15>(),
+    current8<250>(), current8<5000>(), evenOld<6>(),   evenOld<8>(),    evenOld<14>(),
+    evenOld<250>(),  evenOld<5000>(),  unevenOld<7>(), unevenOld<15>(),
 };
 
 } // namespace
 
-std::span<String8Run const> string8Runs()
+std::span<StringRun const> string8Runs()
 {
     return runs;
 }

@@ -3,33 +3,25 @@
 
 #include "sender/qvClientMailbox.h"
 
+#include "tests/layout/documentTable.h"
+
 #include <gtest/gtest.h>
 
 #include <cstddef>
 #include <cstring>
-#include <fstream>
-#include <iterator>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <type_traits>
 #include <vector>
 
 namespace {
 
-struct Field
-{
-    char const* name;
-    std::size_t offset;
-    std::size_t size;
-};
-
 #define QV_FIELD(name)                                                                             \
-    Field                                                                                          \
+    documents::Field                                                                               \
     {                                                                                              \
 #name, offsetof(qvClientMailbox, name), sizeof(qvClientMailbox::name)                      \
     }
-Field const fields[] = {
+std::vector<documents::Field> const fields = {
     QV_FIELD(recordMarker), QV_FIELD(stateMarker), QV_FIELD(stateFlag),    QV_FIELD(messageCount),
     QV_FIELD(messageKind),  QV_FIELD(messageType), QV_FIELD(messageValue),
 };
@@ -55,17 +47,12 @@ TEST(QvClientMailbox, HasItsSizeAndItsRoom)
 
 TEST(QvClientMailbox, KeepsEveryFieldInItsPlace)
 {
-    Field const expected[] = {
+    std::vector<documents::Field> const expected = {
         {"recordMarker", 0, 4},     {"stateMarker", 928, 2},   {"stateFlag", 930, 2},
         {"messageCount", 2001, 1},  {"messageKind", 2002, 30}, {"messageType", 2032, 30},
         {"messageValue", 2062, 60},
     };
-    ASSERT_EQ(std::size(fields), std::size(expected));
-    for (std::size_t i = 0; i < std::size(expected); ++i) {
-        EXPECT_STREQ(fields[i].name, expected[i].name);
-        EXPECT_EQ(fields[i].offset, expected[i].offset) << expected[i].name;
-        EXPECT_EQ(fields[i].size, expected[i].size) << expected[i].name;
-    }
+    EXPECT_EQ(fields, expected);
     EXPECT_TRUE(isUnsignedOfBytes<decltype(qvClientMailbox::recordMarker)>(4));
     EXPECT_TRUE(isUnsignedOfBytes<decltype(qvClientMailbox::stateMarker)>(2));
     EXPECT_TRUE(isUnsignedOfBytes<decltype(qvClientMailbox::stateFlag)>(2));
@@ -116,82 +103,28 @@ TEST(QvClientMailbox, StoresLandOnTheirBytes)
     EXPECT_TRUE(stored == expected);
 }
 
-// docs/mailbox.md describes the record in a table headed
-// "| Offset | Size | Type | Name | Meaning |".
-struct DocumentedRow
+/// docs/mailbox.md describes the record in one table. What belongs to the client has no name there.
+std::vector<documents::Field> documentedFields()
 {
-    std::size_t offset = 0;
-    std::size_t size = 0;
-    std::string name;
-};
-
-// "| 0 | 4 | ... |" as its cells, without blanks and backticks around them.
-std::vector<std::string> cellsOf(std::string const& line)
-{
-    std::vector<std::string> cells;
-    std::istringstream parts(line.substr(1));
-    for (std::string part; std::getline(parts, part, '|');) {
-        std::size_t const first = part.find_first_not_of(" `\r");
-        std::size_t const last = part.find_last_not_of(" `\r");
-        cells.push_back(first == std::string::npos ? "" : part.substr(first, last - first + 1));
-    }
-    return cells;
-}
-
-std::vector<DocumentedRow> documentedRows()
-{
-    std::vector<DocumentedRow> rows;
-    std::ifstream document(std::string(QV_DOCS_DIR) + "/mailbox.md");
-    EXPECT_TRUE(document.is_open()) << "no mailbox.md in " << QV_DOCS_DIR;
-    bool inTable = false;
-    for (std::string line; std::getline(document, line);) {
-        if (line.empty() || line[0] != '|') {
-            if (inTable) {
-                break;
-            }
-            continue;
-        }
-        std::vector<std::string> const cells = cellsOf(line);
-        if (cells.size() < 5) {
-            continue;
-        }
-        if (cells[0] == "Offset" && cells[1] == "Size" && cells[2] == "Type" &&
-            cells[3] == "Name") {
-            inTable = true;
-        } else if (inTable && cells[0].find_first_not_of("-:") != std::string::npos) {
-            rows.push_back({std::stoul(cells[0]), std::stoul(cells[1]), cells[3]});
-        }
-    }
-    return rows;
+    documents::Document const document =
+        documents::readDocument(std::string(QV_DOCS_DIR) + "/mailbox.md");
+    std::vector<documents::Table> const tables =
+        documents::tablesHeaded(document, {"Offset", "Size", "Type", "Name", "Meaning"});
+    EXPECT_EQ(tables.size(), 1U) << "tables headed Offset | Size | Type | Name | Meaning";
+    return tables.empty() ? std::vector<documents::Field>()
+                          : documents::fieldsOf(tables.front(), "Name");
 }
 
 TEST(QvClientMailbox, DocumentCoversTheRecordWithoutGap)
 {
-    std::vector<DocumentedRow> const rows = documentedRows();
-    ASSERT_FALSE(rows.empty()) << "no table headed Offset | Size | Type | Name | Meaning";
-    std::size_t next = 0;
-    for (DocumentedRow const& row : rows) {
-        EXPECT_EQ(row.offset, next) << row.name;
-        EXPECT_GT(row.size, 0U) << row.name;
-        next = row.offset + row.size;
-    }
-    EXPECT_EQ(next, sizeof(qvClientMailbox));
+    documents::expectNoGap(documentedFields(), sizeof(qvClientMailbox));
 }
 
 TEST(QvClientMailbox, DocumentNamesTheFieldsOfTheCode)
 {
-    std::vector<DocumentedRow> named;
-    for (DocumentedRow const& row : documentedRows()) {
-        if (!row.name.empty()) {
-            named.push_back(row);
-        }
-    }
-    ASSERT_EQ(named.size(), std::size(fields));
-    for (std::size_t i = 0; i < named.size(); ++i) {
-        EXPECT_EQ(named[i].name, fields[i].name);
-        EXPECT_EQ(named[i].offset, fields[i].offset) << fields[i].name;
-        EXPECT_EQ(named[i].size, fields[i].size) << fields[i].name;
-    }
+    std::vector<documents::Field> named = documentedFields();
+    std::erase_if(named, [](documents::Field const& field) { return field.name.empty(); });
+    EXPECT_EQ(named, fields);
 }
 
 } // namespace

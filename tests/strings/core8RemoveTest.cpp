@@ -15,7 +15,7 @@ class Core8Remove : public testing::Test
 protected:
     Guarded<S> string;
 };
-TYPED_TEST_SUITE(Core8Remove, AllStrings8, CapacityName);
+TYPED_TEST_SUITE(Core8Remove, MainStrings8, CapacityName);
 
 /// Starts a full-length expectation with `text`; `fill` stands in all bytes up to the capacity.
 template <typename S>

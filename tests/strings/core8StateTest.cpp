@@ -14,7 +14,7 @@ class Core8State : public testing::Test
 protected:
     Guarded<S> string;
 };
-TYPED_TEST_SUITE(Core8State, AllStrings8, CapacityName);
+TYPED_TEST_SUITE(Core8State, MainStrings8, CapacityName);
 
 TYPED_TEST(Core8State, ClearLeavesThePadAlone)
 {

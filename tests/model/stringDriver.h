@@ -1,64 +1,33 @@
 #pragma once
 
-#include "tests/model/string8Compare.h"
-#include "tests/model/string8Execute.h"
-#include "tests/model/string8Expected.h"
+#include "tests/model/stringCompare.h"
+#include "tests/model/stringExecute.h"
+#include "tests/model/stringExpected.h"
+#include "tests/model/stringRun.h"
 
-#include <array>
 #include <cstdio>
 #include <string>
 #include <vector>
 
 namespace qvTest {
 
+// What the driver has to know of a class: its place among the images, capacity, layout and model.
 template <class C>
-struct String8Traits;
-
-template <int N>
-struct String8Traits<_qvString8_allSize<N>>
-{
-    static constexpr std::size_t capacity = N;
-    static constexpr String8Image image = currentImage(N);
-};
-
-#if QV_HAS_OLD_STRING8
-template <int N>
-struct String8Traits<_qvString8_evenSize_old<N>>
-{
-    static constexpr std::size_t capacity = N;
-    static constexpr String8Image image = evenOldImage(N);
-};
-
-template <int N>
-struct String8Traits<_qvString8_UnevenSize_old<N>>
-{
-    static constexpr std::size_t capacity = N;
-    static constexpr String8Image image = unevenOldImage(N);
-};
-#endif
-
-using CallCounts = std::array<std::size_t, operationCount>;
-
-struct DriverOptions
-{
-    Reach reach = Reach::laidDown;
-    bool sharedMembersOnly = false; // leave out what only the current string has
-    bool announce = false; // print each call before it runs, for a call that ends the process
-    std::vector<std::string>* trace = nullptr;
-    CallCounts* counts = nullptr;
-};
+struct StringTraits;
 
 // Reads calls off the input, runs each on real objects and on models, and compares everything it
 // gives back and every byte of every object and of the guards around it.
 template <class C>
-class String8Driver
+class StringDriver
 {
+    using Model = typename StringTraits<C>::Model;
+
 public:
-    static constexpr std::size_t capacity = String8Traits<C>::capacity;
-    static constexpr String8Image image = String8Traits<C>::image;
+    static constexpr std::size_t capacity = StringTraits<C>::capacity;
+    static constexpr StringImage image = StringTraits<C>::image;
     static_assert(sizeof(C) == image.size && alignof(C) == 2);
 
-    explicit String8Driver(DriverOptions const& theOptions) : options(theOptions) {}
+    explicit StringDriver(DriverOptions const& theOptions) : options(theOptions) {}
 
     // Empty when all agreed, else the first call that did not, told at length.
     std::string run(unsigned char const* data, std::size_t size)
@@ -71,8 +40,8 @@ public:
             models.back().construct();
         }
         while (!input.atEnd()) {
-            String8Call const call = String8Call::read(input, models);
-            if (options.sharedMembersOnly && infoOf(call.operation).currentOnly)
+            StringCall const call = StringCall::read(input, models);
+            if ((options.sharedBy & ~infoOf(call.operation).images) != 0)
                 continue;
             if (!isWithin(options.reach, call, models))
                 continue;
@@ -85,19 +54,19 @@ public:
     }
 
 private:
-    std::string step(String8Call const& call)
+    std::string step(StringCall const& call)
     {
         if (options.announce) {
             std::puts(call.describe().c_str());
             std::fflush(stdout);
         }
-        std::optional<Outcome> const actual = String8Execution<C, capacity>(call, objects).run();
+        std::optional<Outcome> const actual = StringExecution<C, capacity>(call, objects).run();
         if (!actual)
             return {};
         if (options.counts != nullptr)
             ++(*options.counts)[static_cast<std::size_t>(call.operation)];
-        String8Models const before = models;
-        ExpectedOutcome const expected = runOnModels(call, models);
+        StringModels<Model> const before = models;
+        ExpectedOutcome<Model> const expected = runOnModels(call, models);
         std::string difference = describeDifference(expected, *actual);
         for (std::size_t i = 0; i < stringCount; ++i) {
             difference +=
@@ -112,7 +81,7 @@ private:
 
     // Blanks may run a little over the text area, which stays inside the object but leaves a length
     // that no other member has to cope with.
-    static void bringBackInside(String8Model& model, GuardedObject<C>& object)
+    static void bringBackInside(Model& model, GuardedObject<C>& object)
     {
         if (model.length() <= capacity)
             return;
@@ -122,7 +91,16 @@ private:
 
     DriverOptions options;
     GuardedStrings<C> objects;
-    String8Models models;
+    StringModels<Model> models;
 };
+
+template <class C>
+constexpr StringRun runOf(char const* name)
+{
+    return {name, StringTraits<C>::capacity, StringTraits<C>::place,
+            [](DriverOptions const& options, unsigned char const* data, std::size_t size) {
+                return StringDriver<C>(options).run(data, size);
+            }};
+}
 
 } // namespace qvTest

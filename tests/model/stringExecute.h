@@ -1,19 +1,17 @@
 #pragma once
 
+#include "strings/qvString.h"
 #include "strings/qvString8.h"
+#include "strings/qvString8_old.h"
+#include "strings/qvString_old.h"
 #include "tests/model/guardedObject.h"
 #include "tests/model/memberProbe.h"
+#include "tests/model/string16Call.h"
 #include "tests/model/string8Call.h"
 
 #include <optional>
 #include <type_traits>
 #include <vector>
-#if __has_include("strings/qvString8_old.h")
-#include "strings/qvString8_old.h"
-#define QV_HAS_OLD_STRING8 1
-#else
-#define QV_HAS_OLD_STRING8 0
-#endif
 
 namespace qvTest {
 
@@ -23,6 +21,7 @@ struct Outcome
     std::optional<long long> value;
     std::optional<long long> side;
     std::optional<std::vector<unsigned char>> text;
+    std::optional<std::vector<unsigned char>> narrow; // what a conversion to 8 bits wrote
 };
 
 template <class C>
@@ -35,26 +34,55 @@ std::vector<unsigned char> bytesOf(T const& object)
     return std::vector<unsigned char>(first, first + sizeof(T));
 }
 
+// A caller's buffer: of just the size that is told, or, as size 0 sets no bound, of just the size
+// that the text needs.
+inline std::vector<unsigned char> bufferOf(unsigned short size, std::size_t length)
+{
+    return std::vector<unsigned char>(size == 0 ? length + 1 : size, 0xAA);
+}
+
+// What a string of class C is made of, and how its text is viewed across capacities.
+template <class C>
+using UnitOf = std::remove_cvref_t<decltype(C::text[0])>;
+
+template <class C>
+constexpr bool isWide = sizeof(UnitOf<C>) == 2;
+
+template <class C>
+using ViewOf = std::conditional_t<isWide<C>, _qvString_Uni_pointer, _qvString8_Uni_pointer>;
+
+// Only the current string takes the older ones; at most capacities of the other width there are
+// none to ask for.
+template <class C, class Current, class Old>
+constexpr bool convertsFrom =
+    std::conjunction_v<std::is_same<C, Current>, std::is_constructible<C, Old const&>>;
+
 // Runs one call on objects of class C. A member that C does not have is left out, so one driver
 // serves the current string, the older ones that lack members, and a class under construction.
 template <class C, std::size_t N>
-class String8Execution
+class StringExecution
 {
+    using Unit = UnitOf<C>;
+    using View = ViewOf<C>;
+    using Model = std::conditional_t<isWide<C>, String16Model, String8Model>;
+
 public:
-    String8Execution(String8Call const& theCall, GuardedStrings<C>& theObjects)
+    StringExecution(StringCall const& theCall, GuardedStrings<C>& theObjects)
         : call(theCall),
           objects(theObjects),
           s(objects[call.receiver].get()),
           o(objects[call.arguments[0]].get()),
           second(objects[call.arguments[1]].get()),
-          t(terminatedText())
+          t(terminatedText()),
+          u(terminatedUnits())
     {}
 
     // No outcome when the class lacks the member.
     std::optional<Outcome> run()
     {
         if (construct() || assign() || state() || append() || equality() || order() || affixes() ||
-            positions() || containment() || edit() || slice() || numberText() || numberValue())
+            positions() || containment() || edit() || slice() || numberText() || numberValue() ||
+            narrowing())
             return outcome;
         return std::nullopt;
     }
@@ -73,17 +101,36 @@ private:
     bool slice();
     bool numberText();
     bool numberValue();
+    bool narrowing();
 
     char const* terminatedText() const
     {
         if (call.isNull)
             return nullptr;
-        if (call.ownTextOf == String8Call::noString)
-            return call.buffer.get();
-        return objects[static_cast<std::size_t>(call.ownTextOf)].get().text;
+        if constexpr (!isWide<C>)
+            if (call.ownTextOf != StringCall::noString)
+                return objects[static_cast<std::size_t>(call.ownTextOf)].get().text;
+        return call.buffer.get();
+    }
+
+    unsigned short const* terminatedUnits() const
+    {
+        if (call.isNull)
+            return nullptr;
+        if constexpr (isWide<C>)
+            if (call.ownTextOf != StringCall::noString)
+                return objects[static_cast<std::size_t>(call.ownTextOf)].get().text;
+        return call.unitBuffer.get();
     }
 
     char const* countedText() const { return call.isNull ? nullptr : call.buffer.get(); }
+    unsigned short const* countedUnits() const
+    {
+        return call.isNull ? nullptr : call.unitBuffer.get();
+    }
+
+    Unit single() const { return call.single<Unit>(); }
+    Unit secondSingle() const { return call.secondSingle<Unit>(); }
 
     template <class... Arguments>
     bool constructed(Arguments&&... arguments)
@@ -101,6 +148,15 @@ private:
     bool givesText(C const& text)
     {
         outcome.text = bytesOf(text);
+        return true;
+    }
+
+    template <std::size_t capacity>
+    bool givesNarrow(_qvString8_allSize<capacity> const& text)
+    {
+        std::vector<unsigned char> bytes = bytesOf(text);
+        bytes.resize(2 + capacity + 1);
+        outcome.narrow = std::move(bytes);
         return true;
     }
 
@@ -135,9 +191,9 @@ private:
     // An older image in storage of its own. Beyond the capacities of its own members only its
     // fields exist, so it is filled as bytes and never constructed.
     template <class Legacy, class Use>
-    bool withLegacy(String8Image const& image, Use const& use)
+    bool withLegacy(StringImage const& image, Use const& use)
     {
-        std::vector<unsigned char> const bytes = legacySource(image, call).bytes();
+        std::vector<unsigned char> const bytes = legacySource<Model>(image, call).bytes();
         auto const storage = std::make_unique<unsigned char[]>(bytes.size());
         std::copy(bytes.begin(), bytes.end(), storage.get());
         if (sizeof(Legacy) != bytes.size())
@@ -151,24 +207,40 @@ private:
     template <class Use>
     bool withOtherView(Use const& use)
     {
-        _qvString8_allSize<otherViewCapacity> other;
-        other.length = static_cast<unsigned short>(call.characters.size());
-        std::copy_n(call.characters.begin(), other.length, other.text);
-        use(const_cast<_qvString8_Uni_pointer*>(other.asUni()));
+        using Other = std::conditional_t<isWide<C>, _qvString<2500>, _qvString8_allSize<5000>>;
+        static_assert(sizeof(Other::text) / sizeof(Unit) == otherViewCapacity<Unit> + 1);
+        auto const& viewed = call.plain<Unit>();
+        Other other;
+        other.length = static_cast<unsigned short>(viewed.size());
+        std::copy_n(viewed.begin(), other.length, other.text);
+        use(const_cast<View*>(other.asUni()));
         return true;
     }
 
-    String8Call const& call;
+    // A view of a byte text, for a string of units.
+    template <class Use>
+    bool withView8(Use const& use)
+    {
+        _qvString8_allSize<5000> other;
+        other.length =
+            static_cast<unsigned short>(std::min<std::size_t>(call.characters.size(), 5000));
+        std::copy_n(call.characters.begin(), other.length, other.text);
+        use(call.flag ? nullptr : other.asUni());
+        return true;
+    }
+
+    StringCall const& call;
     GuardedStrings<C>& objects;
     C& s;
     C& o;
     C& second;
     char const* const t;
+    unsigned short const* const u;
     Outcome outcome;
 };
 
 } // namespace qvTest
 
-#include "tests/model/string8ExecuteCore.h"
-#include "tests/model/string8ExecuteEditing.h"
-#include "tests/model/string8ExecuteSearch.h"
+#include "tests/model/stringExecuteCore.h"
+#include "tests/model/stringExecuteEditing.h"
+#include "tests/model/stringExecuteSearch.h"

@@ -1,13 +1,13 @@
 #pragma once
 
-// Part of string8Execute.h: comparison and search. These leave every object as it was, so they run
+// Part of stringExecute.h: comparison and search. These leave every object as it was, so they run
 // on constant ones.
-#include "tests/model/string8Execute.h"
+#include "tests/model/stringExecute.h"
 
 namespace qvTest {
 
 template <class C, std::size_t N>
-bool String8Execution<C, N>::equality()
+bool StringExecution<C, N>::equality()
 {
     C const& left = s;
     C const& right = o;
@@ -32,7 +32,6 @@ bool String8Execution<C, N>::equality()
         if constexpr (QV_HAS(operator!=, char const*))
             return gives(left != t);
         return false;
-#if QV_HAS_OLD_STRING8
     case Operation::equalEvenOld:
         if constexpr (QV_HAS(operator==, _qvString8_evenSize_old<N> const&) &&
                       std::is_same_v<C, _qvString8_allSize<N>>)
@@ -45,10 +44,21 @@ bool String8Execution<C, N>::equality()
             return withLegacy<_qvString8_UnevenSize_old<N>>(unevenOldImage(N),
                                                             [&](auto& old) { gives(left == old); });
         return false;
-#endif
     case Operation::isEqualCounted:
         if constexpr (QV_HAS(isEqual, char const*, int))
             return gives(left.isEqual(countedText(), call.a));
+        return false;
+    case Operation::equalUnitText:
+        if constexpr (QV_HAS(operator==, unsigned short const*))
+            return gives(left == u);
+        return false;
+    case Operation::isEqualUnits:
+        if constexpr (QV_HAS(isEqual, unsigned short const*, int))
+            return gives(left.isEqual(countedUnits(), call.a));
+        return false;
+    case Operation::isEqualSameCaseUnits:
+        if constexpr (QV_HAS(isEqualSameCase, unsigned short const*, int))
+            return gives(left.isEqualSameCase(countedUnits(), call.a));
         return false;
     case Operation::isEqualSameCase:
         if constexpr (QV_HAS(isEqualSameCase, C const&))
@@ -72,7 +82,7 @@ bool String8Execution<C, N>::equality()
 }
 
 template <class C, std::size_t N>
-bool String8Execution<C, N>::order()
+bool StringExecution<C, N>::order()
 {
     C const& left = s;
     C const& right = o;
@@ -99,7 +109,7 @@ bool String8Execution<C, N>::order()
 }
 
 template <class C, std::size_t N>
-bool String8Execution<C, N>::affixes()
+bool StringExecution<C, N>::affixes()
 {
     C const& left = s;
     switch (call.operation) {
@@ -110,6 +120,14 @@ bool String8Execution<C, N>::affixes()
     case Operation::startsWithChar:
         if constexpr (QV_HAS(startsWith, char const&))
             return gives(left.startsWith(call.c));
+        return false;
+    case Operation::startsWithUnit:
+        if constexpr (QV_HAS(startsWith, unsigned short const&))
+            return gives(left.startsWith(call.single<unsigned short>()));
+        return false;
+    case Operation::endsWithUnit:
+        if constexpr (QV_HAS(endsWith, unsigned short const&))
+            return gives(left.endsWith(call.single<unsigned short>()));
         return false;
     case Operation::startsWithCounted:
         if constexpr (QV_HAS(startsWith, char const*, int))
@@ -149,7 +167,7 @@ bool String8Execution<C, N>::affixes()
 }
 
 template <class C, std::size_t N>
-bool String8Execution<C, N>::positions()
+bool StringExecution<C, N>::positions()
 {
     C const& left = s;
     auto const pattern = [&](std::size_t i) -> C const& {
@@ -164,25 +182,29 @@ bool String8Execution<C, N>::positions()
         if constexpr (QV_HAS(indexOfCaseSen, C const&, int))
             return gives(left.indexOfCaseSen(o, call.a));
         return false;
-    case Operation::indexOfChar:
-        if constexpr (QV_HAS(indexOf, char const&, int))
-            return gives(left.indexOf(call.c, call.a));
-        return false;
-    case Operation::indexOfCaseSenChar:
-        if constexpr (QV_HAS(indexOfCaseSen, char const&, int))
-            return gives(left.indexOfCaseSen(call.c, call.a));
+    case Operation::indexOfText:
+        if constexpr (QV_HAS(indexOf, char const*))
+            return gives(s.indexOf(t));
         return false;
     case Operation::indexOfUnit:
-        if constexpr (QV_HAS(indexOf, unsigned short const&, int))
-            return gives(left.indexOf(call.unit(), call.a));
+        if constexpr (QV_HAS(indexOf, Unit const&, int))
+            return gives(left.indexOf(single(), call.a));
         return false;
-    case Operation::lastIndexOfChar:
-        if constexpr (QV_HAS(lastIndexOf, char const&, int))
-            return gives(left.lastIndexOf(call.c, call.a));
+    case Operation::indexOfCaseSenUnit:
+        if constexpr (QV_HAS(indexOfCaseSen, Unit const&, int))
+            return gives(left.indexOfCaseSen(single(), call.a));
+        return false;
+    case Operation::indexOfWideUnit:
+        if constexpr (!isWide<C> && QV_HAS(indexOf, unsigned short const&, int))
+            return gives(left.indexOf(call.widenedCharacter(), call.a));
         return false;
     case Operation::lastIndexOfUnit:
-        if constexpr (QV_HAS(lastIndexOf, unsigned short const&, int))
-            return gives(left.lastIndexOf(call.unit(), call.a));
+        if constexpr (QV_HAS(lastIndexOf, Unit const&, int))
+            return gives(left.lastIndexOf(single(), call.a));
+        return false;
+    case Operation::lastIndexOfWideUnit:
+        if constexpr (!isWide<C> && QV_HAS(lastIndexOf, unsigned short const&, int))
+            return gives(left.lastIndexOf(call.widenedCharacter(), call.a));
         return false;
     case Operation::indexOfFirstOfTwo:
         if constexpr (QV_HAS(indexOfFirstOcc, C const&, C const&, int*))
@@ -203,7 +225,7 @@ bool String8Execution<C, N>::positions()
 }
 
 template <class C, std::size_t N>
-bool String8Execution<C, N>::containment()
+bool StringExecution<C, N>::containment()
 {
     C const& left = s;
     switch (call.operation) {

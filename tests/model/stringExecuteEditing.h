@@ -1,12 +1,12 @@
 #pragma once
 
-// Part of string8Execute.h: editing, slicing, numbers.
-#include "tests/model/string8Execute.h"
+// Part of stringExecute.h: editing, slicing, numbers.
+#include "tests/model/stringExecute.h"
 
 namespace qvTest {
 
 template <class C, std::size_t N>
-bool String8Execution<C, N>::edit()
+bool StringExecution<C, N>::edit()
 {
     switch (call.operation) {
     case Operation::removeRange:
@@ -21,9 +21,11 @@ bool String8Execution<C, N>::edit()
         if constexpr (QV_HAS(replaceCaseSen, C const&, C const&))
             return givesSelf(s.replaceCaseSen(o, second));
         return false;
-    case Operation::replaceChar:
-        if constexpr (QV_HAS(replace, char const&, char const&))
-            return s.replace(call.c, call.d), true;
+    case Operation::replaceUnit:
+        if constexpr (isWide<C> && QV_HAS(replace, Unit const&, Unit const&))
+            return givesSelf(s.replace(single(), secondSingle()));
+        else if constexpr (QV_HAS(replace, Unit const&, Unit const&))
+            return s.replace(single(), secondSingle()), true;
         return false;
     case Operation::removeObject:
         if constexpr (QV_HAS(remove, C const&))
@@ -33,9 +35,9 @@ bool String8Execution<C, N>::edit()
         if constexpr (QV_HAS(removeCaseSens, C const&))
             return givesSelf(s.removeCaseSens(o));
         return false;
-    case Operation::removeChar:
-        if constexpr (QV_HAS(remove, char const&))
-            return givesText(s.remove(call.c));
+    case Operation::removeUnit:
+        if constexpr (QV_HAS(remove, Unit const&))
+            return givesText(s.remove(single()));
         return false;
     case Operation::insert:
         if constexpr (QV_HAS(insert, int const&, C const&))
@@ -57,6 +59,10 @@ bool String8Execution<C, N>::edit()
         if constexpr (QV_HAS(addSpacing, char const*, int const&))
             return s.addSpacing(t, call.a), true;
         return false;
+    case Operation::addSpacingUnits:
+        if constexpr (QV_HAS(addSpacing, unsigned short const*, int const&))
+            return s.addSpacing(u, call.a), true;
+        return false;
     case Operation::addSpacingC:
         if constexpr (QV_HAS(addSpacingC, char const*, int const&))
             return s.addSpacingC(t, call.a), true;
@@ -67,7 +73,7 @@ bool String8Execution<C, N>::edit()
 }
 
 template <class C, std::size_t N>
-bool String8Execution<C, N>::slice()
+bool StringExecution<C, N>::slice()
 {
     C const& source = s;
     switch (call.operation) {
@@ -79,13 +85,13 @@ bool String8Execution<C, N>::slice()
         if constexpr (QV_HAS(mid, int const&, int const&))
             return givesText(source.mid(call.a, call.b));
         return false;
-    case Operation::leftChar:
-        if constexpr (QV_HAS(left, char const&, bool const&))
-            return givesText(source.left(call.c, call.flag));
+    case Operation::leftUnit:
+        if constexpr (QV_HAS(left, Unit const&, bool const&))
+            return givesText(source.left(single(), call.flag));
         return false;
     case Operation::leftNCut:
-        if constexpr (QV_HAS(leftNCut, char const&, bool const&))
-            return givesText(s.leftNCut(call.c, call.flag));
+        if constexpr (QV_HAS(leftNCut, Unit const&, bool const&))
+            return givesText(s.leftNCut(single(), call.flag));
         return false;
     default:
         return false;
@@ -93,7 +99,7 @@ bool String8Execution<C, N>::slice()
 }
 
 template <class C, std::size_t N>
-bool String8Execution<C, N>::numberText()
+bool StringExecution<C, N>::numberText()
 {
     long long const v = call.wide;
     switch (call.operation) {
@@ -108,6 +114,14 @@ bool String8Execution<C, N>::numberText()
     case Operation::addNrUnsigned:
         if constexpr (QV_HAS(addNr, unsigned long long const&))
             return s.addNr(static_cast<unsigned long long>(v)), true;
+        return false;
+    case Operation::addNrUnsignedInt:
+        if constexpr (QV_HAS(addNr, unsigned int const&))
+            return s.addNr(static_cast<unsigned int>(v)), true;
+        return false;
+    case Operation::addNrUnsignedChar:
+        if constexpr (QV_HAS(addNr, unsigned char const&))
+            return s.addNr(static_cast<unsigned char>(v)), true;
         return false;
     case Operation::addNrIntWidth:
         if constexpr (QV_HAS(addNr, int const&, unsigned char const&))
@@ -155,7 +169,7 @@ bool String8Execution<C, N>::numberText()
 }
 
 template <class C, std::size_t N>
-bool String8Execution<C, N>::numberValue()
+bool StringExecution<C, N>::numberValue()
 {
     C const& source = s;
     switch (call.operation) {
@@ -171,6 +185,43 @@ bool String8Execution<C, N>::numberValue()
         if constexpr (QV_HAS(toIntFromHex, int const&, bool const&, bool const&, bool*))
             return parsed(
                 [&](bool* ok) { return s.toIntFromHex(call.a, call.flag, call.secondFlag, ok); });
+        return false;
+    default:
+        return false;
+    }
+}
+
+// The 8-bit strings that come out are compared up to the end of their text: the byte behind an even
+// capacity has no meaning.
+template <class C, std::size_t N>
+bool StringExecution<C, N>::narrowing()
+{
+    C const& source = s;
+    switch (call.operation) {
+    case Operation::toString8Of250:
+        if constexpr (requires { source.to_qvString8_250(); })
+            return givesNarrow<250>(source.to_qvString8_250());
+        return false;
+    case Operation::toString8Of500:
+        if constexpr (requires { source.to_qvString8_500(); })
+            return givesNarrow<500>(source.to_qvString8_500());
+        return false;
+    case Operation::convertedTo250:
+        if constexpr (requires { source.operator _qvString8_allSize<250>(); })
+            return givesNarrow<250>(source.operator _qvString8_allSize<250>());
+        return false;
+    case Operation::convertedTo500:
+        if constexpr (requires { source.operator _qvString8_allSize<500>(); })
+            return givesNarrow<500>(source.operator _qvString8_allSize<500>());
+        return false;
+    case Operation::toChar:
+        if constexpr (QV_HAS(toChar, char*, unsigned short)) {
+            auto const size = static_cast<unsigned short>(call.a);
+            std::vector<unsigned char> buffer = bufferOf(size, source.length);
+            source.toChar(reinterpret_cast<char*>(buffer.data()), size);
+            outcome.narrow = std::move(buffer);
+            return true;
+        }
         return false;
     default:
         return false;

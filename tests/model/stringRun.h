@@ -1,0 +1,32 @@
+#pragma once
+
+#include "tests/model/stringCall.h"
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace qvTest {
+
+using CallCounts = std::array<std::size_t, operationCount>;
+
+struct DriverOptions
+{
+    Reach reach = Reach::laidDown;
+    unsigned sharedBy = 0; // leave out what one of these images has not
+    bool announce = false; // print each call before it runs, for a call that ends the process
+    std::vector<std::string>* trace = nullptr;
+    CallCounts* counts = nullptr;
+};
+
+// One image at one capacity, and the way to drive it.
+struct StringRun
+{
+    char const* name;
+    std::size_t capacity;
+    unsigned image;
+    std::string (*run)(DriverOptions const& options, unsigned char const* data, std::size_t size);
+};
+
+} // namespace qvTest
