@@ -42,10 +42,11 @@ void segment()
     }
     auto* record = static_cast<Record volatile*>(shared.data());
     if (shared.lock()) {
-        record->jobs = record->jobs + 1;
+        int const jobs = record->jobs + 1;
+        record->jobs = jobs;
         shared.unlock();
+        std::printf("%d bytes, %d jobs\n", shared.size(), jobs);
     }
-    std::printf("%d bytes, %d jobs\n", shared.size(), record->jobs);
 }
 
 void support()

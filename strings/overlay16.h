@@ -3,7 +3,8 @@
 #include <cstring>
 
 /// Opaque view of a `_qvString<M>` of any capacity M, as `_qvString8_Uni_pointer` is of the 8-bit
-/// strings. Declared, never defined; a pointer to it is owned by the string it views.
+/// strings. Declared, never defined; a pointer to it is valid as long as the string it
+/// views.
 class _qvString_Uni_pointer;
 
 namespace qvStrings {

@@ -5,7 +5,7 @@
 /// Opaque view of a `_qvString8_allSize<M>` of any capacity M: length and text start at the same
 /// offsets in all of them, so code with the view reads both without knowing M. The view carries
 /// no capacity: the stored length is all that a receiver can trust. Declared, never defined; a
-/// pointer to it is owned by the string it views.
+/// pointer to it is valid as long as the string it views.
 class _qvString8_Uni_pointer;
 
 namespace qvStrings {

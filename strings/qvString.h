@@ -94,7 +94,8 @@ public:
         return *this;
     }
 
-    /// This object as a view without a capacity.
+    /// This object as a view without a capacity. The view is writable although this member is
+    /// const: who writes through it must know the string to be no constant.
     _qvString_Uni_pointer* asUni() const
     {
         return reinterpret_cast<_qvString_Uni_pointer*>(const_cast<_qvString*>(this));

@@ -3,6 +3,7 @@
 #include "strings/core/compare.h"
 #include "strings/core/edit.h"
 #include "strings/core/layoutOf.h"
+#include "strings/core/numberText.h"
 #include "strings/core/reshape.h"
 #include "strings/core/search.h"
 #include "strings/keepStorage.h"
@@ -118,12 +119,36 @@ public:
     /// although it changes nothing: callers depend on the signature.
     Self operator+(Self const& other) { return combined(other); }
 
+    /// A copy with one byte appended as by `operator+=(char const&)`, so sign-extended to a unit.
+    /// Not const although it changes nothing.
+    Self operator+(char const& c)
+    {
+        Self result = self();
+        result += c;
+        return result;
+    }
+
+    /// A copy with `s` appended as by `add(char const*)`, so zero-extended to units.
+    Self combined(char const* s) const
+    {
+        Self result = self();
+        result.add(s);
+        return result;
+    }
+
     /// A copy with `other` appended, its length read once. Terminator.
     Self combined(Self const& other) const
     {
         Self result = self();
         append(result.ref(), other.text, other.length);
         return result;
+    }
+
+    /// Appends the number in a field of |width| columns as by `addSpacingC`. No thousands
+    /// separator.
+    void addNrSpacing(long long const& v, signed char const& width)
+    {
+        self().addSpacingC(DecimalText(v).text(), width);
     }
 
     /// @}

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "strings/core/numberText.h"
 #include "strings/core/width.h"
 #include "strings/qvCharLen.h"
 #include "strings/qvString8.h"
@@ -13,7 +12,9 @@ namespace qvStrings {
 /// A `char const*` is measured by the low 16 bits of its strlen, a raw 16-bit text by `qvCharLen`,
 /// so at most 1024 units at every capacity. Bytes from 0x80 up become units by sign or zero
 /// extension, as each member says (0xE4: 0xFFE4 or 0x00E4). A pattern `char const*` becomes a
-/// string by the constructor: sign-extended, cut at N; null is found nowhere.
+/// string by the constructor: sign-extended, cut at N; null is found nowhere. Where a single `char`
+/// or a counted `char const*` is compared it counts as a signed 32-bit value, so that a byte from
+/// 0x80 up equals no unit; the 8-bit namesakes know no such difference.
 template <typename Self, typename Image>
 class Rules16 : public Rules<Self, Image>
 {
@@ -22,10 +23,8 @@ class Rules16 : public Rules<Self, Image>
 public:
     using Base::operator=;
     using Base::operator+=;
-    using Base::operator+;
     using Base::operator==;
     using Base::add;
-    using Base::combined;
     using Base::contains;
     using Base::containsCaseSen;
     using Base::containsUpperCaseInput;
@@ -124,23 +123,6 @@ public:
         return this->self();
     }
 
-    /// A copy with one byte appended, sign-extended. Not const although it changes nothing:
-    /// callers depend on the signature.
-    Self operator+(char const& c)
-    {
-        Self result = this->self();
-        result += c;
-        return result;
-    }
-
-    /// A copy with `s` appended as by `add`: zero-extended.
-    Self combined(char const* s) const
-    {
-        Self result = this->self();
-        result.add(s);
-        return result;
-    }
-
     /// @}
     /// \name Equality with raw text
     /// @{
@@ -220,7 +202,8 @@ public:
     bool startsWith(char const* s) const { return this->startsWith(Self(s)); }
 
     /// The same for the first `n` bytes of `s`, which need not be terminated: false when n is 0
-    /// or above the length, else n modulo 65536 counts.
+    /// or above the length as it stands (the 8-bit namesake takes it modulo 65536), else n modulo
+    /// 65536 counts.
     bool startsWith(char const* s, int n) const
     {
         // The pattern's length is judged before `s` is read by it.
@@ -237,7 +220,7 @@ public:
     /// True when the text ends with the pattern, ignoring case.
     bool endsWith(char const* s) const { return this->endsWith(Self(s)); }
 
-    /// The same, with `n` as a gate only: false when n is 0 or above the length. What is compared
+    /// The same, with `n` as a gate only, as in `startsWith`. What is compared
     /// is `s` as long as it is (intended); an empty one gives true, unlike the 8-bit namesake.
     /// The caller keeps `s` within the text.
     bool endsWith(char const* s, int n) const
@@ -256,18 +239,12 @@ public:
 
     /// Appends the number in at least `minWidth` columns, sign included, zeros in front, of the
     /// sign too: -5 in 4 columns is "00-5" (intended). The field is formed in 20 characters
-    /// whatever N, so a `minWidth` above 20 costs the low digits.
+    /// whatever N, unlike the 8-bit namesake's, so a `minWidth` above 20 costs the low digits.
     void addNr(long long const& v, unsigned char const& minWidth)
     {
         _qvString8_allSize<20> field;
         field.addNr(v, minWidth);
         add(field.asChar());
-    }
-
-    /// Appends the number in a field of |width| columns as by `addSpacingC`.
-    void addNrSpacing(long long const& v, signed char const& width)
-    {
-        addSpacingC(DecimalText(v).text(), width);
     }
 
     /// A new string with the number; all other bytes zero.
@@ -280,7 +257,8 @@ public:
 
     /// `atoi` of the low bytes of the first 249 units. With `ok` all units must be digits but a
     /// '-' at position 0 (both may be missing), else *ok is false and the result 0. Values out
-    /// of range are not noticed.
+    /// of range are not noticed. An empty text gives 0 whatever stale units it has, unlike the
+    /// 8-bit namesake.
     int toInt(bool* ok) const
     {
         if (ok != nullptr) {

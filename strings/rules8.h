@@ -1,6 +1,5 @@
 #pragma once
 
-#include "strings/core/numberText.h"
 #include "strings/rules.h"
 
 namespace qvStrings {
@@ -18,10 +17,8 @@ class Rules8 : public Rules<Self, Image>
 public:
     using Base::operator=;
     using Base::operator+=;
-    using Base::operator+;
     using Base::operator==;
     using Base::add;
-    using Base::combined;
     using Base::contains;
     using Base::containsCaseSen;
     using Base::containsUpperCaseInput;
@@ -60,23 +57,6 @@ public:
         if (s != nullptr)
             append(this->ref(), s, shortLength(s));
         return this->self();
-    }
-
-    /// A copy with `c` appended. Not const although it changes nothing: callers depend on the
-    /// signature.
-    Self operator+(char const& c)
-    {
-        Self result = this->self();
-        result += c;
-        return result;
-    }
-
-    /// A copy with `s` appended as by `add`.
-    Self combined(char const* s) const
-    {
-        Self result = this->self();
-        result.add(s);
-        return result;
     }
 
     /// Exact equality with `s`: first byte, length, text. Null gives false.
@@ -154,13 +134,6 @@ public:
     /// The same with a field that is NOT held inside the capacity: the caller has room for
     /// |width| more characters, else the blanks are written past the text.
     void addSpacing(char const* s, int const& width) { addField<Field::unbounded>(s, width); }
-
-    /// Appends the number in a field of |width| columns as by `addSpacingC`. No thousands
-    /// separator.
-    void addNrSpacing(long long const& v, signed char const& width)
-    {
-        addSpacingC(DecimalText(v).text(), width);
-    }
 
 protected:
     /// For the constructors of `Self`, which write what they promise and keep the rest.

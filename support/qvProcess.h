@@ -7,9 +7,12 @@
 /// platform, and 250 characters at most. Nothing allocates or reports.
 
 /// Puts the directory of the running program, with a trailing "/", into `out`. Where the platform
-/// does not tell, `argv0` (the program's first argument, or null) is taken instead, against the
-/// current directory. False, with `out` empty, when no path was found. Meant for start-up: each
-/// call asks the platform anew.
+/// does not tell (on Linux also for a path above 250 bytes), `argv0` (the program's first argument,
+/// or null) is taken instead, cut at 250 characters: an absolute path as it is; a bare name as it
+/// is; another against the current directory, where each "../" climbs and a name ahead of the last
+/// one is dropped (intended). Fewer than 4 characters are no path. A "/./" at the end is folded.
+/// False, with `out` empty, when no path was found. Meant for start-up: each call asks the
+/// platform anew.
 bool qvApplicationPath(_qvString8_allSize<250>& out, char* argv0);
 
 /// The same by value; empty when no path was found.
@@ -21,8 +24,8 @@ _qvString8_allSize<250> qvApplicationPath(char* argv0);
 /// whole (a/b/c gives a/b/c/): both intended.
 _qvString8_allSize<250> qvGetDirName_local(_qvString8_allSize<250> path);
 
-/// The value of an environment variable, cut at 250 or 5000 characters. Empty when it is unset or
-/// empty.
+/// The value of an environment variable, measured modulo 65536 and cut at 250 or 5000 characters.
+/// Empty when it is unset or empty.
 _qvString8_allSize<250> qvGetEnvironmentVariable8(_qvString8_allSize<250> const& name);
 _qvString8_allSize<5000> qvGetEnvironmentVariable8_long(_qvString8_allSize<250> const& name);
 

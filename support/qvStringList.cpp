@@ -31,12 +31,9 @@ void _qvStringList::init()
     std::memset(charBuffer, 0, sizeof charBuffer);
 }
 
-void _qvStringList::append(_qvString<500> const& text, bool const& unique,
-                           bool const& caseSensitive)
+/// Makes room for one element more. Out of memory the list is lost: false.
+bool _qvStringList::grow()
 {
-    if (unique && find(text, caseSensitive) >= 0)
-        return;
-    Element const taken = text; // before the block moves: it may be one of ours
     ++count;
     auto const wanted = static_cast<std::size_t>(count);
     void* const block = items == nullptr
@@ -45,26 +42,34 @@ void _qvStringList::append(_qvString<500> const& text, bool const& unique,
     if (block == nullptr) {
         if (items != nullptr)
             std::free(items);
-        items = nullptr;
         count = 0;
-        return;
     }
     items = static_cast<Element*>(block);
-    items[count - 1] = taken;
+    return block != nullptr;
+}
+
+void _qvStringList::append(_qvString<500> const& text, bool const& unique,
+                           bool const& caseSensitive)
+{
+    if (unique && find(text, caseSensitive) >= 0)
+        return;
+    Element const taken = text; // before the block moves: it may be one of ours
+    if (grow())
+        items[count - 1] = taken;
 }
 
 void _qvStringList::insert(int const& index, _qvString<500> const& text)
 {
+    if (index < 0)
+        return;
     int const place = index;
-    if (place < 0)
-        return;
     Element const taken = text; // before the elements move: it may be one of them
-    append(taken, false, true);
-    if (place >= count)
+    if (!grow())
         return;
-    for (int i = count - 1; i > place; --i)
-        items[i] = items[i - 1];
-    items[place] = taken;
+    int last = count - 1;
+    for (; last > place; --last)
+        items[last] = items[last - 1];
+    items[last] = taken; // behind the end for a place beyond it
 }
 
 void _qvStringList::removeAt(int const& index)
@@ -77,7 +82,7 @@ void _qvStringList::removeAt(int const& index)
         items[i] = items[i + 1];
 }
 
-int _qvStringList::find(_qvString<500> const& text, bool const& caseSensitive) const
+int _qvStringList::find(_qvString<500> const& text, bool const& caseSensitive)
 {
     for (int i = 0; i < count; ++i)
         if (caseSensitive ? items[i] == text : items[i].isEqual(text))
@@ -85,7 +90,7 @@ int _qvStringList::find(_qvString<500> const& text, bool const& caseSensitive) c
     return -1;
 }
 
-int _qvStringList::findContains(_qvString<500> const& text, bool const& caseSensitive) const
+int _qvStringList::findContains(_qvString<500> const& text, bool const& caseSensitive)
 {
     for (int i = 0; i < count; ++i)
         if ((caseSensitive ? items[i].indexOfCaseSen(text, 0) : items[i].indexOf(text, 0)) >= 0)

@@ -13,9 +13,11 @@ _qvString<25> int2Str(int const& value);
 /// `decimals` digits, in single precision throughout. Cut at 25 units. Its results are fixed
 /// parts of the farm's output, the odd ones too:
 /// - the fraction never carries: 1.999 with two decimals is "1.100";
-/// - a negative number has its sign twice: -1.5 with one decimal is "-1.-5";
+/// - a negative number has its sign twice, -1.5 with one decimal is "-1.-5", and the second counts
+///   as a digit of the fraction: so is -1.05 with two. Above -1 only the second shows: "0.-5";
 /// - decimals of 0 and below still give one digit, 0 or 1: 3.7 is "3.1";
-/// - what has no 32-bit integer part, not-a-number included, shows -2147483648.
+/// - what has no 32-bit integer part, not-a-number included, shows -2147483648; of a rounded
+///   fraction the low 32 bits count, and one that passes 64 bits counts as 0.
 _qvString<25> float2Str(float value, int const& decimals, unsigned short const& separator);
 
 /// "true" or "false" as a word, else "1" or "0"; all other bytes zero.

@@ -92,7 +92,7 @@ struct Sieve
 };
 
 /// The place in the pattern of the second unit to sieve by: the last that differs from the first
-/// one, since paths begin and end with the same unit that their neighbours do.
+/// one. The ends are often the same ("/.../"), and two equal sieves stop little more than one.
 template <typename Unit>
 unsigned tellingPlace(Unit const* pattern, unsigned count)
 {
@@ -138,7 +138,9 @@ int find(TextRef<Unit const> self, Unit const* pattern, unsigned count, int star
                 return equal<mode>(text + found, pattern, count) || (++refused, false);
             }))
             return static_cast<int>(found);
-        if (refused > patience + (i - begin) / patience)
+        // A damaged length is more than a folded copy holds; it does without the filter.
+        if (refused > patience + (i - begin) / patience &&
+            (mode == Case::exact || length <= maxCapacity))
             return slideBySumIn<mode>(text, length, pattern, count, i + Block::size);
     }
     for (; i < spans; ++i)

@@ -1,0 +1,50 @@
+// A record may hold a length above the capacity: no search may write what it folds past its own
+// copy. The reads stay in the block that stands for the record.
+#include "strings/qvString.h"
+#include "strings/qvString8.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <vector>
+
+namespace {
+
+constexpr unsigned short damagedLength = 60000;
+
+// A record of "baba..." whose string says that it is 60000 units long.
+template <typename S>
+class DamagedLength : public testing::Test
+{
+public:
+    using Unit = typename S::Unit;
+
+    DamagedLength() : bytes_(70000 * sizeof(Unit))
+    {
+        std::memcpy(bytes_.data(), &damagedLength, sizeof damagedLength);
+        std::size_t const textAt = sizeof(S) > 500 ? 4 : 2;
+        for (std::size_t i = 0; i < damagedLength; ++i) {
+            Unit const unit = i % 2 == 0 ? 'b' : 'a';
+            std::memcpy(bytes_.data() + textAt + i * sizeof unit, &unit, sizeof unit);
+        }
+    }
+
+    S const& string() const { return *reinterpret_cast<S const*>(bytes_.data()); }
+
+private:
+    std::vector<unsigned char> bytes_;
+};
+
+using Images = testing::Types<_qvString8_allSize<250>, _qvString<250>>;
+TYPED_TEST_SUITE(DamagedLength, Images);
+
+TYPED_TEST(DamagedLength, SearchOverPeriodicTextStaysInItsOwnCopies)
+{
+    TypeParam pattern("bababababababababaXabababababababababababa");
+    ASSERT_EQ(this->string().length, damagedLength);
+    EXPECT_EQ(this->string().indexOf(pattern, 0), -1);
+    EXPECT_EQ(this->string().indexOfCaseSen(pattern, 0), -1);
+    EXPECT_FALSE(this->string().containsUpperCaseInput(pattern));
+}
+
+} // namespace
