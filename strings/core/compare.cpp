@@ -42,14 +42,14 @@ unsigned mismatchByBlocks(Unit const* a, Unit const* b, unsigned count)
     return i;
 }
 
+} // namespace
+
 template <Case mode, typename Unit>
 unsigned mismatch(Unit const* a, Unit const* b, unsigned count)
 {
     return count * sizeof(Unit) >= 16 ? mismatchByBlocks<mode, 16>(a, b, count)
                                       : mismatchByBlocks<mode, 8>(a, b, count);
 }
-
-} // namespace
 
 template <Case mode, typename Unit>
 bool equal(Unit const* a, Unit const* b, unsigned count)
@@ -77,6 +77,9 @@ unsigned shortLength(char const* text)
 }
 
 #define QV_INSTANTIATE(Unit)                                                                       \
+    template unsigned mismatch<Case::exact>(Unit const*, Unit const*, unsigned);                   \
+    template unsigned mismatch<Case::folded>(Unit const*, Unit const*, unsigned);                  \
+    template unsigned mismatch<Case::upperInput>(Unit const*, Unit const*, unsigned);              \
     template bool equal<Case::exact>(Unit const*, Unit const*, unsigned);                          \
     template bool equal<Case::folded>(Unit const*, Unit const*, unsigned);                         \
     template bool equal<Case::upperInput>(Unit const*, Unit const*, unsigned);                     \

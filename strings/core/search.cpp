@@ -116,36 +116,45 @@ int find(TextRef<Unit const> self, Unit const* pattern, unsigned count, int star
     if (count > length)
         return -1; // only a negative start comes here
 
-    // Most spans are told apart by two of their units, a block of spans at a time. Where that lets
-    // too many through, as in periodic text, the sum filter takes over: it looks at every unit
-    // once, however much the spans are alike.
+    // Most spans are told apart by two of their units, a block of spans at a time: the first, and
+    // one that moves to where the last refused span differed, since in periodic text the next
+    // ones differ there too. Where even that lets too many through the sum filter takes over: it
+    // looks at every unit once, however much the spans are alike.
     using Block = Lanes<Unit, 16>;
     constexpr unsigned patience = 16;
     unsigned const spans = length - count + 1;
     auto const begin = static_cast<unsigned>(std::max(start, 0));
     Sieve<mode, Unit> const first(pattern[0]);
-    unsigned const place = tellingPlace(pattern, count);
-    Sieve<mode, Unit> const second(pattern[place]);
-    Unit const* const seconds = text + place;
+    unsigned place = tellingPlace(pattern, count);
+    Sieve<mode, Unit> second(pattern[place]);
     unsigned i = begin;
     unsigned refused = 0;
     for (; i + Block::size <= spans; i += Block::size) {
         Block const passed =
-            (first.difference(Block(text + i)) | second.difference(Block(seconds + i))).isZero();
+            (first.difference(Block(text + i)) | second.difference(Block(text + i + place)))
+                .isZero();
+        if (!passed.any())
+            continue;
         unsigned found = 0;
-        if (passed.any() && passed.visitSet([&](unsigned lane) {
-                found = i + lane;
-                return equal<mode>(text + found, pattern, count) || (++refused, false);
-            }))
+        bool const isFound = passed.visitSet([&](unsigned lane) {
+            found = i + lane;
+            unsigned const differing = mismatch<mode>(text + found, pattern, count);
+            if (differing == count)
+                return true;
+            place = differing;
+            ++refused;
+            return false;
+        });
+        if (isFound)
             return static_cast<int>(found);
+        second = Sieve<mode, Unit>(pattern[place]);
         // A damaged length is more than a folded copy holds; it does without the filter.
         if (refused > patience + (i - begin) / patience &&
             (mode == Case::exact || length <= maxCapacity))
             return slideBySumIn<mode>(text, length, pattern, count, i + Block::size);
     }
     for (; i < spans; ++i)
-        if ((first.difference(text[i]) | second.difference(seconds[i])) == 0 &&
-            equal<mode>(text + i, pattern, count))
+        if (first.difference(text[i]) == 0 && equal<mode>(text + i, pattern, count))
             return static_cast<int>(i);
     return -1;
 }
