@@ -1,0 +1,158 @@
+#include "examples/mailboxLook.h"
+
+#include "segment/qvSharedMemory.h"
+#include "sender/deferredSignals.h"
+#include "sender/qvClientCommandName.h"
+#include "support/qvCRC.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+
+namespace {
+
+/// Bytes ahead of the record: the lock byte and seven reserved ones.
+constexpr int prefixSize = 8;
+
+constexpr int readRights = 0444;
+
+/// The segment mapped for reading, left without the question of who is the last one out.
+class ReadOnlyMapping
+{
+public:
+    explicit ReadOnlyMapping(int id) : address_(shmat(id, nullptr, SHM_RDONLY)) {}
+
+    ~ReadOnlyMapping()
+    {
+        if (isMapped())
+            shmdt(address_);
+    }
+
+    ReadOnlyMapping(ReadOnlyMapping const&) = delete;
+    ReadOnlyMapping& operator=(ReadOnlyMapping const&) = delete;
+
+    bool isMapped() const { return reinterpret_cast<std::intptr_t>(address_) != -1; }
+
+    unsigned char lockByte() const { return *static_cast<unsigned char const volatile*>(address_); }
+
+    qvClientMailbox const volatile& record() const
+    {
+        auto const* const bytes = static_cast<unsigned char const*>(address_);
+        return *reinterpret_cast<qvClientMailbox const volatile*>(bytes + prefixSize);
+    }
+
+private:
+    void* address_;
+};
+
+void refuse(MailboxLook& look, char const* step)
+{
+    look.error = errno;
+    look.errorText = step;
+    look.errorText += ": ";
+    look.errorText += qvLastOSError8(look.error);
+}
+
+void readRecord(MailboxLook& look, qvClientMailbox const volatile& record)
+{
+    look.read = true;
+    look.recordMarker = record.recordMarker;
+    look.stateMarker = record.stateMarker;
+    look.stateFlag = record.stateFlag;
+    look.messageCount = record.messageCount;
+    for (int i = 0; i < look.entryCount(); ++i)
+        look.entries[i] = {record.messageKind[i], record.messageType[i], record.messageValue[i]};
+}
+
+void readFreely(MailboxLook& look, ReadOnlyMapping const& mapping)
+{
+    look.lockByte = mapping.lockByte();
+    look.time = look.takenFrom = MailboxLook::Clock::now();
+    readRecord(look, mapping.record());
+}
+
+/// The mapping that the caller holds keeps `segment` from ever being the last one out, so that its
+/// leaving does not remove the segment. The hold is on the segment, and the question is asked by
+/// the key: a key that is removed and given to a new segment during the look is outside of it, as
+/// it is for every sender.
+void readUnderLock(MailboxLook& look, ReadOnlyMapping const& mapping)
+{
+    qvSharedMemory segment(clientSegmentName);
+    if (!segment.attach()) {
+        look.error = segment.error();
+        look.errorText = segment.errorString();
+        return;
+    }
+    DeferredSignals const untilUnlocked;
+    look.takenFrom = MailboxLook::Clock::now();
+    look.lockedByUs = segment.lock();
+    look.lockByte = mapping.lockByte();
+    look.time = MailboxLook::Clock::now();
+    readRecord(look, mapping.record());
+    if (look.lockedByUs)
+        segment.unlock();
+}
+
+} // namespace
+
+_qvString8_allSize<250> MailboxEntry::name() const
+{
+    if (type != static_cast<unsigned char>(ClientMessageType::command) || value > UCHAR_MAX)
+        return "";
+    return qvC::qvClientCommandName(static_cast<unsigned char>(value));
+}
+
+double MailboxLook::secondsTaken() const
+{
+    return std::chrono::duration<double>(time - takenFrom).count();
+}
+
+long long MailboxLook::recordSize() const
+{
+    return static_cast<long long>(status.shm_segsz) - prefixSize;
+}
+
+bool MailboxLook::isRightFormat() const
+{
+    return recordMarker == clientRecordMarker && stateMarker == clientStateMarker && stateFlag != 0;
+}
+
+int MailboxLook::entryCount() const
+{
+    return isRightFormat() ? std::min<int>(messageCount, maxClientMessages) : 0;
+}
+
+/// The segment class computes the key when it attaches, which is too late here: it would leave by
+/// its own rule. The text behind the key is the class's.
+int clientSegmentKey()
+{
+    qvSharedMemory const segment(clientSegmentName);
+    auto const* const bytes = reinterpret_cast<unsigned char const*>(segment.name.asChar());
+    return static_cast<int>(qvCRCCalc(bytes, segment.name.length) & 0xFFFFFFu);
+}
+
+MailboxLook lookAtMailbox(bool underLock)
+{
+    MailboxLook look;
+    look.id = shmget(clientSegmentKey(), 0, readRights);
+    if (look.id == -1) {
+        refuse(look, "shmget");
+        return look;
+    }
+    if (shmctl(look.id, IPC_STAT, &look.status) == -1) {
+        refuse(look, "shmctl");
+        return look;
+    }
+    look.found = true;
+    if (look.recordSize() < clientRecordSize)
+        return look;
+
+    ReadOnlyMapping const mapping(look.id);
+    if (!mapping.isMapped())
+        refuse(look, "shmat");
+    else if (underLock && look.status.shm_nattch != 0)
+        readUnderLock(look, mapping);
+    else // nobody writes to what nobody has attached, and a wait in there would bar a new client
+        readFreely(look, mapping);
+    return look;
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "sender/qvClientMailbox.h"
+#include "strings/qvString8.h"
+
+#include <chrono>
+#include <sys/shm.h>
+
+struct MailboxEntry
+{
+    unsigned char kind;
+    unsigned char type;
+    std::uint16_t value;
+
+    /// Display name of a command; empty for an entry that is none.
+    _qvString8_allSize<250> name() const;
+};
+
+/// What one look at the client's segment found, in a copy of our own: nothing of it is read twice.
+struct MailboxLook
+{
+    using Clock = std::chrono::steady_clock;
+
+    int error = 0;                     ///< Why the look ended early: an `errno`; 0 it did not.
+    _qvString8_allSize<250> errorText; ///< The same in words.
+
+    bool found = false; ///< `id` and `status` hold something.
+    int id = -1;
+    shmid_ds status{}; ///< As it was before this look's own attaching.
+
+    bool read = false;       ///< What follows holds something.
+    bool lockedByUs = false; ///< The record was read under the lock.
+    unsigned char lockByte = 0;
+    Clock::time_point time;      ///< When the lock byte was read.
+    Clock::time_point takenFrom; ///< From when on it was seen taken, if it is.
+    std::uint32_t recordMarker = 0;
+    std::uint16_t stateMarker = 0;
+    std::uint16_t stateFlag = 0;
+    unsigned char messageCount = 0; ///< As it stands; may be above the capacity.
+    MailboxEntry entries[maxClientMessages]{};
+
+    bool isLockTaken() const { return read && !lockedByUs && lockByte != 0; }
+    double secondsTaken() const;
+
+    /// The size that the segment offers to the record; below 0 for less than its prefix.
+    long long recordSize() const;
+
+    bool isRightFormat() const;
+
+    /// Entries that may be shown: none of a record that is not a client's, never above 30.
+    int entryCount() const;
+};
+
+/// The System V key of the client's segment.
+int clientSegmentKey();
+
+/// Looks once, attached for that time only. The segment stays, also when nobody is attached to it.
+/// `underLock` waits for the lock as a sender does, up to 2.5 seconds, and holds it while reading.
+MailboxLook lookAtMailbox(bool underLock);

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "examples/mailboxLook.h"
+
+#include <span>
+
+/// What keeps a command from reaching the client. The value is the exit status of `mailboxView`;
+/// 1 is left for the program's own failures.
+enum class MailboxProblem
+{
+    none = 0,
+    missing = 2,
+    noRight = 3,
+    refused = 4,
+    abandoned = 5,
+    tooSmall = 6,
+    lockHeld = 7,
+    staleLock = 8,
+    starting = 9,
+    wrongFormat = 10,
+    countTooHigh = 11,
+    queueFull = 12,
+};
+
+struct MailboxVerdict
+{
+    MailboxProblem problem;
+    char const* word;   ///< For programs.
+    char const* what;   ///< What is wrong, as a sentence.
+    char const* advice; ///< What to do; empty for nothing.
+
+    int status() const { return static_cast<int>(problem); }
+};
+
+/// Every verdict, in the order of their statuses.
+std::span<MailboxVerdict const> allMailboxVerdicts();
+
+/// The verdict on a look: of several problems the one that explains the others, and then the one
+/// that a sender would meet first.
+MailboxVerdict const& judgeMailbox(MailboxLook const& look);
