@@ -1,0 +1,71 @@
+#!/usr/bin/env bash
+# The recipes for many nodes: a command reaches the nodes that have a client, and the one that has
+# none is named and decides the status.
+set -euo pipefail
+# shellcheck source-path=SCRIPTDIR source=farm.sh
+source "$(dirname "${BASH_SOURCE[0]}")/farm.sh"
+need clush clustershell pdsh pdsh parallel parallel ansible-playbook ansible-core \
+    python3 python3 nsenter util-linux
+startFarm
+
+expectHeardByBoth() {
+    expectHeard render01 "$1"
+    expectHeard render02 "$1"
+}
+
+runRecipe clush
+expectStatus 2
+expectLine 'clush: render03: exited with exit code 2'
+expectNoLine 'clush: render0[12]: .*'
+expectHeardByBoth Disable
+
+runRecipe pdsh
+expectStatus 2
+expectLine 'pdsh@[^:]+: render03: ssh exited with exit code 2'
+expectNoLine 'pdsh@[^:]+: render0[12]: .*'
+expectHeardByBoth Disable
+
+runRecipe parallel
+expectStatus 1
+expectLine $'render03\t [0-9.]+.* Shared Memory does not exist\\.'
+expectHeardByBoth Disable
+runRecipe parallel-failed
+[[ $text == 'render03 2' ]] || fail "failed nodes in the log: $text"
+
+# The client of the third node is up: the log sends to that node alone.
+startClient render03 "$standInClient" --seconds 120
+runRecipe parallel-again
+expectStatus 0
+expectHeard render03 Disable
+kill "$client"
+wait "$client"
+
+# Files of the user, the terminal's colours and the search for a Python have no part in this.
+export ANSIBLE_HOME=$HOME/ansible ANSIBLE_NOCOLOR=1 ANSIBLE_PYTHON_INTERPRETER=/usr/bin/python3 \
+    ANSIBLE_PIPELINING=1
+recipe inventory >./inventory
+
+runRecipe ansible-once
+expectStatus 2
+expectLine 'render01 \| CHANGED \| rc=0 >>'
+expectLine 'render02 \| CHANGED \| rc=0 >>'
+expectLine 'render03 \| FAILED \| rc=2 >>'
+expectHeardByBoth Disable
+
+runRecipe ansible
+expectStatus 2
+expectLine 'render01 +: ok=4 +changed=1 .* failed=0 .*'
+expectLine 'render02 +: ok=4 +changed=1 .* failed=0 .*'
+expectLine 'render03 +: .* unreachable=0 +failed=1 .*'
+expectLine 'fatal: \[render03\]: .*noSegment \(status 2\): .* Shared Memory does not exist\..*'
+expectHeardByBoth Disable
+
+# The number of the word that has one, and a run in check mode, which sends nothing.
+dispatch() {
+    run ansible-playbook -i inventory contrib/ansible/dispatch.yml --limit render01 "$@"
+}
+dispatch -e qv_dispatch_word=EventFrameDone -e qv_dispatch_number=7
+expectStatus 0
+dispatch -e qv_dispatch_word=abort --check
+expectStatus 0
+expectHeard render01 'kind 2, type 5, value 7'
