@@ -2,6 +2,7 @@
 #include "tests/endToEnd/clientSegment.h"
 #include "tests/endToEnd/process.h"
 #include "tests/endToEnd/toolText.h"
+#include "tests/model/commandWords.h"
 
 #include <gtest/gtest.h>
 
@@ -13,39 +14,10 @@
 #include <vector>
 
 using namespace endToEnd;
+using qvTest::Command;
+using qvTest::commands;
 
 namespace {
-
-struct Command
-{
-    std::string word;
-    unsigned char type;
-    std::uint16_t value;
-};
-
-// EventFrameDone, the 21st word, has its own tests below: its value comes from the command line.
-std::vector<Command> const commands = {
-    {"abort", 2, 1},
-    {"enable", 2, 2},
-    {"disable", 2, 3},
-    {"restart", 2, 8},
-    {"abortdisable", 2, 15},
-    {"shutdown", 2, 28},
-    {"UseWorking", 2, 6},
-    {"IgnoreWorking", 2, 7},
-    {"RestartClientExe", 2, 8},
-    {"RestartMachine", 2, 10},
-    {"RestartMachineAfterRender", 2, 58},
-    {"IgnoreCPU", 2, 16},
-    {"ReserveCPUInteractive", 2, 17},
-    {"UseCPUInteractive", 2, 18},
-    {"ReloadAllConfig", 2, 23},
-    {"ConfigSearchForApplications", 2, 24},
-    {"UpdateServiceCfg", 2, 25},
-    {"ShowProcessTree", 2, 32},
-    {"DevDebug", 2, 37},
-    {"checkjob", 3, 9},
-};
 
 std::string inUpperCase(std::string word)
 {

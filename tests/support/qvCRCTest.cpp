@@ -3,6 +3,8 @@
 
 #include "support/qvCRC.h"
 
+#include "tests/model/checksumModel.h"
+
 #include <gtest/gtest.h>
 #include <zlib.h>
 
@@ -14,6 +16,8 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
+
+using namespace qvTest;
 
 namespace {
 
@@ -28,47 +32,6 @@ unsigned int crc32Of(std::string_view text)
 {
     return qvCRCCalc(bytes(text), static_cast<unsigned int>(text.size()));
 }
-
-std::uint64_t mirrored(std::uint64_t value, int width)
-{
-    std::uint64_t result = 0;
-    for (int i = 0; i < width; ++i) {
-        result = (result << 1) | ((value >> i) & 1U);
-    }
-    return result;
-}
-
-// A CRC the way the catalogue defines it: polynomial division, most significant bit first, with
-// the input bytes and the remainder mirrored where the parameters say so. No table, no shortcut.
-struct CatalogueCrc
-{
-    int width;
-    std::uint64_t polynomial;
-    bool reflected;
-    std::uint64_t initial;
-    std::uint64_t finalXor;
-
-    std::uint64_t operator()(Byte const* data, std::size_t length) const
-    {
-        std::uint64_t const top = std::uint64_t{1} << (width - 1);
-        std::uint64_t const all = top | (top - 1);
-        std::uint64_t state = initial;
-        for (std::size_t i = 0; i < length; ++i) {
-            std::uint64_t const input = reflected ? mirrored(data[i], 8) : data[i];
-            state ^= input << (width - 8);
-            for (int bit = 0; bit < 8; ++bit) {
-                bool const out = (state & top) != 0;
-                state = (state << 1) & all;
-                state ^= out ? polynomial : 0;
-            }
-        }
-        return (reflected ? mirrored(state, width) : state) ^ finalXor;
-    }
-};
-
-constexpr CatalogueCrc crc32IsoHdlc{32, 0x04C11DB7, true, 0xFFFFFFFF, 0xFFFFFFFF};
-constexpr CatalogueCrc crc64Redis{64, 0xAD93D23594C935A9, true, 0, 0};
-constexpr CatalogueCrc crc16Xmodem{16, 0x1021, false, 0, 0};
 
 // Random bytes that end exactly at the end of their allocation, so that a sanitizer sees every
 // byte read too many, and start at a chosen distance from an aligned address.
