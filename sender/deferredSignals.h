@@ -21,5 +21,5 @@ public:
     DeferredSignals& operator=(DeferredSignals const&) = delete;
 
 private:
-    sigset_t previous_;
+    sigset_t previous_{}; // nobody held back, should the system refuse
 };

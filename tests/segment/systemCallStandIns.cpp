@@ -57,6 +57,7 @@ struct Stage
     Calls calls;
     void* mapped = nullptr;
     int sleeps = 0;
+    int sleepError = 0;
     std::function<void(int)> sleeping;
     std::function<void()> unmapping;
     bool watching = true;
@@ -205,6 +206,11 @@ void SystemCallScript::whileSleeping(std::function<void(int)> hook)
     stage->sleeping = std::move(hook);
 }
 
+void SystemCallScript::sleepsFail(int error)
+{
+    stage->sleepError = error;
+}
+
 void SystemCallScript::whenUnmapping(std::function<void()> hook)
 {
     stage->unmapping = std::move(hook);
@@ -316,7 +322,8 @@ int __wrap_usleep(useconds_t microseconds)
     if (stage->sleeping) {
         stage->sleeping(stage->sleeps);
     }
-    return 0;
+    errno = stage->sleepError;
+    return stage->sleepError == 0 ? 0 : -1;
 }
 
 int __wrap___xpg_strerror_r(int code, char* buffer, size_t size)

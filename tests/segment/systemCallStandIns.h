@@ -38,6 +38,8 @@ public:
 
     // Sleeping needs no answer and takes no time; the hook gets the number of the sleep, from 1.
     void whileSleeping(std::function<void(int)> hook);
+    // From here on every sleep ends at once with this error.
+    void sleepsFail(int error);
     // Runs when shmdt is entered, before the memory is gone.
     void whenUnmapping(std::function<void()> hook);
 

@@ -1,0 +1,209 @@
+// Kills the tool at every single instruction between its entering the segment and its leaving it.
+// Nothing holds SIGKILL back, so the lock may stay taken; but whatever the moment, what is left
+// behind is one of the few states that the order of the stores allows. For x86-64.
+#include "tests/endToEnd/clientSegment.h"
+#include "tests/proof/figures.h"
+#include "tests/proof/laidSegment.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <csignal>
+#include <cstddef>
+#include <fcntl.h>
+#include <set>
+#include <stdexcept>
+#include <string>
+#include <sys/personality.h>
+#include <sys/ptrace.h>
+#include <sys/syscall.h>
+#include <sys/user.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
+using namespace endToEnd;
+using proof::figure;
+using proof::LaidSegment;
+
+namespace {
+
+using Address = long; // as the system hands out a register
+
+// One run of the tool, halted as soon as it has the segment mapped and taken on by instructions.
+class SteppedTool
+{
+public:
+    SteppedTool() : process(fork())
+    {
+        if (process == 0)
+            becomeTool();
+        awaitStop(); // behind its exec
+        if (ptrace(PTRACE_SETOPTIONS, process, nullptr,
+                   PTRACE_O_TRACESYSGOOD | PTRACE_O_EXITKILL) != 0)
+            throw std::runtime_error("ptrace");
+        while (!isAtSystemCall(SYS_shmat))
+            resume(PTRACE_SYSCALL);
+        resume(PTRACE_SYSCALL); // to the end of that call
+    }
+
+    SteppedTool(SteppedTool const&) = delete;
+    SteppedTool& operator=(SteppedTool const&) = delete;
+
+    ~SteppedTool()
+    {
+        kill(process, SIGKILL);
+        waitpid(process, nullptr, 0); // behind this its mapping is gone as well
+    }
+
+    // Where the instruction stands that comes next.
+    Address next() const { return ptrace(PTRACE_PEEKUSER, process, registerPlace, nullptr); }
+
+    void step() { resume(PTRACE_SINGLESTEP); }
+
+    // On to the first time that the instruction there comes next.
+    void runTo(Address instruction)
+    {
+        ptrace(PTRACE_POKEUSER, process, watchedPlace, instruction);
+        ptrace(PTRACE_POKEUSER, process, watchPlace, watchExecution);
+        resume(PTRACE_CONT);
+        ptrace(PTRACE_POKEUSER, process, watchPlace, 0L);
+    }
+
+private:
+    // Every run takes the same road: same addresses, same text, nobody to read it.
+    [[noreturn]] static void becomeTool()
+    {
+        personality(ADDR_NO_RANDOMIZE);
+        dup2(open("/dev/null", O_WRONLY), STDOUT_FILENO);
+        ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+        execl(QV_TOOL_PATH, QV_TOOL_PATH, "EventFrameDone", "4660", nullptr);
+        _exit(127);
+    }
+
+    void resume(__ptrace_request how)
+    {
+        ptrace(how, process, nullptr, nullptr);
+        awaitStop();
+    }
+
+    void awaitStop() const
+    {
+        int status = 0;
+        if (waitpid(process, &status, 0) != process || !WIFSTOPPED(status))
+            throw std::runtime_error("the tool ended before it left the segment");
+    }
+
+    bool isAtSystemCall(unsigned long number) const
+    {
+        __ptrace_syscall_info info{};
+        ptrace(PTRACE_GET_SYSCALL_INFO, process, sizeof info, &info);
+        return info.op == PTRACE_SYSCALL_INFO_ENTRY && info.entry.nr == number;
+    }
+
+    // The processor watches one address for us: its first debug register, switched by the seventh.
+    static constexpr std::size_t registerPlace = offsetof(user, regs.rip);
+    static constexpr std::size_t watchedPlace = offsetof(user, u_debugreg);
+    static constexpr std::size_t watchPlace = watchedPlace + 7 * sizeof(long);
+    static constexpr long watchExecution = 1;
+
+    pid_t process;
+};
+
+// The instructions from entering the segment to leaving it, as one run goes through them.
+std::vector<Address> instructionsOfARun()
+{
+    std::vector<Address> instructions;
+    for (SteppedTool tool; clientSegmentAttachCount() == 2; tool.step())
+        instructions.push_back(tool.next());
+    return instructions;
+}
+
+// A state that the segment may be left in, and the figure that counts it.
+struct State
+{
+    std::string name;
+    Bytes segment;
+};
+
+using Road = std::vector<State>;
+
+// The road with one more state: the last one after these bytes were stored.
+Road then(Road road, std::string const& name, std::size_t place, Bytes const& stored)
+{
+    Bytes segment = road.back().segment;
+    std::copy(stored.begin(), stored.end(), segment.begin() + static_cast<std::ptrdiff_t>(place));
+    road.push_back({name, segment});
+    return road;
+}
+
+// Kills a fresh run ahead of its first, second, third ... instruction. The states come in the order
+// of the road, all of them, and nothing comes that isn't on it.
+void killAtEveryInstruction(Road const& road)
+{
+    LaidSegment segment(road.front().segment);
+    std::vector<Address> const run = instructionsOfARun();
+    segment.layAgain();
+
+    std::set<Address> seen;
+    std::size_t landmark = 0;
+    std::size_t reached = 0;
+    for (std::size_t point = 0; point < run.size(); ++point) {
+        // Stepping all the way would take the square of the time, so a run goes in one go to the
+        // last instruction that it hasn't met before.
+        if (seen.insert(run[point]).second)
+            landmark = point;
+        {
+            SteppedTool tool;
+            if (landmark > 0)
+                tool.runTo(run[landmark]);
+            for (std::size_t i = landmark; i < point; ++i)
+                tool.step();
+            ASSERT_EQ(tool.next(), run[point]) << "run " << point << " took another road";
+        }
+        ASSERT_TRUE(segment.isOursAlone()) << "ahead of instruction " << point;
+        Bytes const left = segment.bytes();
+        if (left != road[reached].segment && reached + 1 < road.size())
+            ++reached;
+        ASSERT_TRUE(sameBytes(road[reached].segment, left))
+            << "ahead of instruction " << point << ", for '" << road[reached].name << "'";
+        ++figure("points");
+        ++figure(road[reached].name);
+        segment.layAgain();
+    }
+    EXPECT_EQ(reached + 1, road.size()) << "'" << road[reached].name << "' was the last state seen";
+}
+
+TEST(DeathAtEveryInstruction, WhileItStores)
+{
+    // Entry 5, behind four that stand already. No byte of it is there before its time.
+    std::size_t const count = prefixSize + 2001, kind = prefixSize + 2006, type = prefixSize + 2036,
+                      value = prefixSize + 2070;
+    Road road{{"untouched", Mailbox().messageCount(4).bytes()}};
+    road = then(road, "lockTaken", 0, {1});
+    road = then(road, "entryIncomplete", count, {5});
+    road = then(road, "entryIncomplete", kind, {2});
+    road = then(road, "entryIncomplete", type, {5});
+    road = then(road, "entryLocked", value, {0x34, 0x12});
+    road = then(road, "entryFree", 0, {0});
+    ASSERT_TRUE(sameBytes(Mailbox().messageCount(4).message(5, 4660).bytes(), road.back().segment));
+    killAtEveryInstruction(road);
+}
+
+TEST(DeathAtEveryInstruction, WhileItFindsTheQueueFull)
+{
+    Road road{{"untouched", Mailbox().messageCount(30).bytes()}};
+    road = then(road, "lockTaken", 0, {1});
+    road = then(road, "untouched", 0, {0});
+    killAtEveryInstruction(road);
+}
+
+TEST(DeathAtEveryInstruction, WhileItFindsAWrongMarker)
+{
+    Road road{{"untouched", Mailbox().stateMarker(3076).bytes()}};
+    road = then(road, "lockTaken", 0, {1});
+    road = then(road, "untouched", 0, {0});
+    killAtEveryInstruction(road);
+}
+
+} // namespace
