@@ -118,6 +118,18 @@ TEST(Lock, SignalsWaitUntilItIsGivenBack)
     }
 }
 
+// One that arrives during a wait in vain takes effect too, when the tool has given up.
+TEST(Lock, SignalsTakeEffectAfterAWaitInVain)
+{
+    ClientHolder client(Mailbox().lockByte(1));
+    Process tool = startWaitingTool({"abort"});
+    tool.signal(SIGTERM);
+    RunResult const run = tool.finish();
+    EXPECT_EQ(run.endedBySignal, SIGTERM);
+    EXPECT_GE(run.seconds, 2.4);
+    EXPECT_EQ(client.lockByte(), 1);
+}
+
 // Wherever a run is cut off: the lock is free, and the entry is there whole or not at all.
 TEST(Lock, TerminatedAtRandomMoments)
 {

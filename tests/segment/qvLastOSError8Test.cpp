@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <climits>
 #include <cstring>
+#include <new>
 #include <string>
 #include <type_traits>
 
@@ -126,6 +127,20 @@ TEST(QvLastOSError8, DropsWhatARefusalLeftBehind)
         EXPECT_EQ(text.length, 9);
         EXPECT_STREQ(&text.text[0], "Error 77.");
         EXPECT_EQ(text.text[20], '\0');
+    }
+}
+
+// The result starts as a cleared string, whatever lay in its place.
+TEST(QvLastOSError8, ZeroesTheTextBehindTheSentence)
+{
+    for (int const code : {0, ENOENT, 4000}) {
+        SCOPED_TRACE(code);
+        alignas(Text250) unsigned char storage[sizeof(Text250)];
+        std::memset(storage, 0xAA, sizeof storage);
+        auto* const text = ::new (storage) Text250(qvLastOSError8(code));
+        for (std::size_t i = text->length; i <= 250; ++i) {
+            EXPECT_EQ(text->text[i], '\0') << "character " << i;
+        }
     }
 }
 

@@ -8,6 +8,8 @@
 
 #include <cerrno>
 #include <cstddef>
+#include <cstring>
+#include <new>
 #include <string>
 #include <type_traits>
 
@@ -99,6 +101,20 @@ TEST_F(SegmentConstruction, CutsTheNamesAtTheirCapacity)
         EXPECT_EQ(textOf(object.globalName), "Global\\" + name.substr(0, 243));
         EXPECT_EQ(object.globalName.text[object.globalName.length], '\0');
     }
+}
+
+// The names are formed in cleared strings, whatever lay in the storage.
+TEST_F(SegmentConstruction, ZeroesTheTextBehindTheNames)
+{
+    alignas(qvSharedMemory) unsigned char storage[sizeof(qvSharedMemory)];
+    std::memset(storage, untouched, sizeof storage);
+    auto* const object = ::new (storage) qvSharedMemory(Text250("stage"));
+    for (Text250 const* const name : {&object->name, &object->globalName}) {
+        for (std::size_t i = name->length; i <= 250; ++i) {
+            EXPECT_EQ(name->text[i], '\0') << "character " << i;
+        }
+    }
+    object->~qvSharedMemory();
 }
 
 TEST_F(SegmentConstruction, KeyIsTheLowBytesOfTheChecksumOfTheName)

@@ -288,4 +288,18 @@ TYPED_TEST(Number8, numbersComeBackFromTheirText)
     }
 }
 
+/// Without a terminator the number ends with the capacity, whatever digits follow in the object,
+/// and whatever was converted before.
+TEST(NumberCut8, endsAtTheCapacityWithoutATerminator)
+{
+    _qvString8_allSize<8> eight("12345678");
+    eight.text[8] = '9';
+    _qvString8_allSize<7> seven("7654321");
+    seven.text[7] = '0';
+    EXPECT_EQ(eight.toInt(nullptr), 12345678);
+    EXPECT_EQ(seven.toInt64(nullptr), 7654321);
+    EXPECT_EQ(eight.toInt64(nullptr), 12345678);
+    EXPECT_EQ(seven.toInt(nullptr), 7654321);
+}
+
 } // namespace

@@ -370,4 +370,22 @@ TYPED_TEST(Search16, charactersInTheText)
     EXPECT_EQ(full.countCaseSen('Q'), 0);
 }
 
+/// A long pattern is compared to its end: a span that differs in one place only is no hit.
+TEST(SearchLong16, aNearMissIsNoHit)
+{
+    std::u16string const pattern = u"abcdefghijklmnopqrstuvwxyz-abcdefghijklmnopqrstuvwxyz";
+    for (std::size_t at = 0; at < pattern.size(); ++at) {
+        SCOPED_TRACE(at);
+        std::u16string miss = pattern;
+        miss[at] = u'#';
+        auto const text = stringOf<_qvString<250>>(miss + pattern);
+        auto const wanted = stringOf<_qvString<250>>(pattern);
+        EXPECT_EQ(text.indexOf(wanted, 0), 53);
+        EXPECT_EQ(text.indexOfCaseSen(wanted, 0), 53);
+        auto const missed = stringOf<_qvString<250>>(miss + miss);
+        EXPECT_EQ(missed.indexOf(wanted, 0), -1);
+        EXPECT_EQ(missed.indexOfCaseSen(wanted, 0), -1);
+    }
+}
+
 } // namespace

@@ -479,4 +479,23 @@ TYPED_TEST(SearchBytes8, everyPairOfBytes)
     }
 }
 
+/// A long pattern is compared to its end: a span that differs in one place only is no hit.
+TEST(SearchLong8, aNearMissIsNoHit)
+{
+    std::string const pattern =
+        "abcdefghijklmnopqrstuvwxyz-abcdefghijklmnopqrstuvwxyz-abcdefghijkl";
+    for (std::size_t at = 0; at < pattern.size(); ++at) {
+        SCOPED_TRACE(at);
+        std::string miss = pattern;
+        miss[at] = '#';
+        _qvString8_allSize<250> const text((miss + pattern).c_str());
+        _qvString8_allSize<250> const wanted(pattern.c_str());
+        EXPECT_EQ(text.indexOf(wanted, 0), 66);
+        EXPECT_EQ(text.indexOfCaseSen(wanted, 0), 66);
+        _qvString8_allSize<250> const missed((miss + miss).c_str());
+        EXPECT_EQ(missed.indexOf(wanted, 0), -1);
+        EXPECT_EQ(missed.indexOfCaseSen(wanted, 0), -1);
+    }
+}
+
 } // namespace

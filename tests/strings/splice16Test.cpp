@@ -100,6 +100,16 @@ TEST(SpliceRange16, unitsBehindTheTextInEachImage)
     EXPECT_TRUE(older.guardsStand());
 }
 
+/// Far ahead of the object there is nothing of its own left to read.
+TYPED_TEST(Splice16, aRangeFarAheadOfTheObjectGivesZeros)
+{
+    Laid<TypeParam> receiver(u"abcd");
+    receiver.stale(5, u"q");
+    receiver->remove(1, INT_MIN);
+    EXPECT_TRUE(holds(*receiver, u"a" + std::u16string(capacity<TypeParam> - 1, u'\0')));
+    EXPECT_TRUE(receiver.guardsStand());
+}
+
 /// A negative start takes the whole text area, and no room is left for what follows.
 TYPED_TEST(Splice16, aNegativeStartOfARangeKeepsTheTextArea)
 {

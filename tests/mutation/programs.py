@@ -1,0 +1,147 @@
+"""Builds the programs that are mutated: the product's sources as marked assembly, linked with the
+test objects of a build that is there."""
+
+import dataclasses
+import pathlib
+import re
+
+from assembly import Marker
+from build import run
+
+FOLDER = pathlib.Path(__file__).resolve().parent
+ROOT = FOLDER.parent.parent
+PRODUCT = ("sender", "segment", "strings", "support")
+TOOL = "qvNodeDispatch"
+
+# Unlike the release build's -O3 this keeps the branches of the source one by one, and what the
+# source fills or copies at once in one run of moves or one call. Later options override earlier.
+OPTIONS = ("-O1", "-g1", "-w", "-fPIE", "-fno-exceptions", "-fno-rtti", "-fno-tree-vectorize",
+           "-mmemcpy-strategy=libcall:-1:noalign", "-mmemset-strategy=libcall:-1:noalign")
+
+# The capacities of a template are copies of each other. These few are taken: the smallest image of
+# either parity and the one that most programs use; of the older ones an even and an odd one.
+CAPACITIES = {
+    "strings/qvString8.cpp": (7, 8, 250),
+    "strings/qvString8_old.cpp": (8, 15),
+    "strings/qvString.cpp": (10, 250),
+    "strings/qvString_old.cpp": (10,),
+}
+
+
+@dataclasses.dataclass
+class Program:
+    name: str
+    image: pathlib.Path  # the file that holds the mutants
+    command: list  # run in the folder of a copy of the image
+    seconds: float = 0  # of a run without a mutant
+    limit: float = 60  # of a run with one, by the clock and of the processor's time
+    cpuLimit: float = 60
+    reached: set = dataclasses.field(default_factory=set)  # numbers of mutants
+
+    def expect(self, seconds, cpu):
+        self.seconds = seconds
+        self.limit = max(5, 10 * seconds)
+        self.cpuLimit = 1 + 4 * cpu
+
+
+def sourceOf(compilation):
+    """The path of a source of the product from the root, None for other sources."""
+    if not compilation.file.is_relative_to(ROOT):
+        return None
+    source = compilation.file.relative_to(ROOT)
+    return str(source) if source.parts[0] in PRODUCT else None
+
+
+def wantedIn(source):
+    """Chooses the product's functions, and of a class's copies those of some capacities."""
+    def wanted(name):
+        capacity = re.search(r"<(\d+)>", name)  # the first one in a member's name is its class's
+        if capacity and source in CAPACITIES and int(capacity[1]) not in CAPACITIES[source]:
+            return False
+        return not re.match(r"([\w ]+ )?std::", name)
+    return wanted
+
+
+class Builder:
+    def __init__(self, build, folder, pool):
+        self.build, self.folder, self.pool = build, folder, pool
+        self.mutants = []
+        self.ours = {}  # object or archive of the build -> ours
+
+    def programs(self):
+        commands = self.build.testCommands()
+        self.markProduct()
+        self.reached = self.folder / "reached.o"
+        run(["g++", "-std=c++20", "-O1", "-fPIE", f"-DQV_MUTANTS={len(self.mutants)}", "-c",
+             str(FOLDER / "reached.cpp"), "-o", str(self.reached)])
+        targets = [str(pathlib.Path(command[0]).relative_to(self.build.folder))
+                   for command in commands]
+        steps = [self.build.linkStep(target) for target in targets]
+        tool = self.build.linkStep(TOOL)
+        linked = sorted({word for step in [tool, *steps] for word in step})
+        self.testsOfTool = self.compileTestsOfTool(linked)
+        for archive in linked:
+            if archive.endswith(".a") and not archive.startswith("/"):
+                self.pack(archive)
+        self.link(tool, self.ours)
+        return list(self.pool.map(self.program, commands, steps))
+
+    def markProduct(self):
+        found = [compilation for compilation in self.build.compilations if sourceOf(compilation)]
+        texts = self.pool.map(
+            lambda compilation: compilation.run(*OPTIONS, "-S", "-o", "-"), found)
+        first = {}  # source -> number of its first mutant
+        for compilation, text in zip(found, texts):
+            source = sourceOf(compilation)
+            number = first.setdefault(source, len(self.mutants))
+            marker = Marker(f"{ROOT}/", source, number, wantedIn(source))
+            output = self.file(".o")
+            run(["as", "-o", str(output)], input=marker.mark(text))
+            self.ours[compilation.output] = output
+            if number == len(self.mutants):
+                self.mutants += marker.mutants
+            elif [mutant.kind for mutant in marker.mutants] != [
+                    mutant.kind for mutant in self.mutants[number:number + len(marker.mutants)]]:
+                raise SystemExit(f"mutate: {source} is compiled twice, in different ways")
+
+    def compileTestsOfTool(self, linked):
+        """Tests that start the tool: ours start the one in their working directory."""
+        tests = {}
+        for compilation in self.build.compilations:
+            if compilation.output not in linked or not any(
+                    word.startswith("-DQV_TOOL_PATH=") for word in compilation.words):
+                continue
+            tests[compilation.output] = compilation.output
+            if "QV_TOOL_PATH" in compilation.file.read_text():
+                tests[compilation.output] = self.file(".o")
+                compilation.run("-UQV_TOOL_PATH", f'-DQV_TOOL_PATH="./{TOOL}"', "-c", "-o",
+                                str(tests[compilation.output]))
+        return tests
+
+    def file(self, suffix):
+        return self.folder / f"{len(list(self.folder.iterdir()))}{suffix}"
+
+    def pack(self, archive):
+        members = self.build.members(archive)
+        if self.ours.keys().isdisjoint(members):
+            return
+        self.ours[archive] = self.file(".a")
+        run(["ar", "rcs", str(self.ours[archive]),
+             *(str(self.ours.get(member, member)) for member in members)], cwd=self.build.folder)
+
+    def link(self, step, replaced):
+        words = [str(replaced.get(word, word)) for word in step]
+        at = words.index("-o") + 1
+        image = self.folder / pathlib.Path(words[at]).name
+        words[at] = str(image)
+        run([*words, str(self.reached)], cwd=self.build.folder)
+        return image
+
+    def program(self, command, step):
+        name = pathlib.Path(command[0]).name
+        if self.testsOfTool.keys().isdisjoint(step):
+            image = self.link(step, self.ours)
+            return Program(name, image, [f"./{image.name}", *command[1:]])
+        # Here the tool is mutated, and the test keeps the library as it is.
+        test = self.link(step, self.testsOfTool)
+        return Program(name, self.folder / TOOL, [str(test), *command[1:]])

@@ -1,0 +1,23 @@
+// Linked into every program that is mutated. Marks which mutants a run comes by: the marks go into
+// the file "reached.map" of the working directory, if there is one, and so outlast forks, programs
+// that are started, and crashes.
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+extern "C" {
+alignas(4096) unsigned char qvReached[(QV_MUTANTS / 4096 + 1) * 4096];
+}
+
+namespace {
+
+[[gnu::constructor]] void shareMap()
+{
+    int const file = open("reached.map", O_RDWR | O_CLOEXEC);
+    if (file == -1)
+        return;
+    mmap(qvReached, sizeof qvReached, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_FIXED, file, 0);
+    close(file);
+}
+
+} // namespace
