@@ -71,11 +71,6 @@ int orderFolded(Unit const* a, Unit const* b, unsigned count)
     return order(&foldedA, &foldedB, 1);
 }
 
-unsigned shortLength(char const* text)
-{
-    return std::strlen(text) & 0xFFFFu;
-}
-
 #define QV_INSTANTIATE(Unit)                                                                       \
     template unsigned mismatch<Case::exact>(Unit const*, Unit const*, unsigned);                   \
     template unsigned mismatch<Case::folded>(Unit const*, Unit const*, unsigned);                  \

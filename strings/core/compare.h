@@ -59,6 +59,9 @@ int orderFolded(Unit const* a, Unit const* b, unsigned count);
 
 /// Length of a zero-terminated byte text as all members measure it: the low 16 bits of its
 /// strlen, so a text of 65,536 bytes counts as empty and one of 65,541 as 5 long.
-unsigned shortLength(char const* text);
+inline unsigned shortLength(char const* text)
+{
+    return std::strlen(text) & 0xFFFFu;
+}
 
 } // namespace qvStrings

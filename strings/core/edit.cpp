@@ -1,24 +1,68 @@
 #include "strings/core/edit.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 namespace qvStrings {
 
 namespace {
 
-/// Moves units; the ranges may overlap. A count of 0 accepts any pointers.
-template <typename Unit>
-void moveUnits(Unit* target, Unit const* source, unsigned count)
+/// Moves `size` bytes at either end of a run of at least `size` and at most twice as many: both
+/// are loaded before one of them is stored, so the ranges may overlap.
+template <std::size_t size>
+void moveEnds(unsigned char* target, unsigned char const* source, std::size_t count)
 {
-    if (count != 0)
-        std::memmove(target, source, count * sizeof(Unit));
+    std::array<unsigned char, size> head;
+    std::array<unsigned char, size> tail;
+    std::memcpy(&head, source, size);
+    std::memcpy(&tail, source + count - size, size);
+    std::memcpy(target, &head, size);
+    std::memcpy(target + count - size, &tail, size);
 }
 
+/// Moves units; the ranges may overlap. A count of 0 accepts any pointers. Most texts are words:
+/// for those a call of memmove would cost more than the move.
 template <typename Unit>
-void zeroUnits(Unit* target, unsigned count)
+void moveUnits(Unit* targetUnits, Unit const* sourceUnits, unsigned units)
 {
-    std::memset(target, 0, count * sizeof(Unit));
+    auto* const target = reinterpret_cast<unsigned char*>(targetUnits);
+    auto const* const source = reinterpret_cast<unsigned char const*>(sourceUnits);
+    std::size_t const count = units * sizeof(Unit);
+    if (count > 32)
+        std::memmove(target, source, count);
+    else if (count >= 16)
+        moveEnds<16>(target, source, count);
+    else if (count >= 8)
+        moveEnds<8>(target, source, count);
+    else if (count >= 4)
+        moveEnds<4>(target, source, count);
+    else if (count >= 2)
+        moveEnds<2>(target, source, count);
+    else if (count == 1)
+        *target = *source;
+}
+
+/// Zeroes `size` bytes at either end of a run of at least `size` and at most twice as many.
+template <std::size_t size>
+void zeroEnds(unsigned char* target, std::size_t count)
+{
+    std::memset(target, 0, size);
+    std::memset(target + count - size, 0, size);
+}
+
+/// Zeroes units, short runs without a call as `moveUnits` does.
+template <typename Unit>
+void zeroUnits(Unit* targetUnits, unsigned units)
+{
+    auto* const target = reinterpret_cast<unsigned char*>(targetUnits);
+    std::size_t const count = units * sizeof(Unit);
+    if (count > 64 || count < 16)
+        std::memset(target, 0, count);
+    else if (count >= 32)
+        zeroEnds<32>(target, count);
+    else
+        zeroEnds<16>(target, count);
 }
 
 } // namespace

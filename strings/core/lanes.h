@@ -6,6 +6,7 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <type_traits>
 
 /// Several neighbouring units at once, in what compilers call a vector: one step on all of them
@@ -57,24 +58,23 @@ public:
     /// All bits set in the lanes that are zero.
     Lanes isZero() const { return Lanes(std::bit_cast<Vector>(lanes_ == Vector{})); }
 
-    bool any() const { return words() != Words{}; }
+    bool any() const
+    {
+        std::uint64_t bits = 0;
+        for (std::uint64_t word : words())
+            bits |= word;
+        return bits != 0;
+    }
 
-    /// Calls `visit(i)` for each lane that is not zero, in rising order, until it returns true;
-    /// then true. Lanes are all ones or all zeros.
-    template <typename Visit>
-    bool visitSet(Visit visit) const
+    /// Index of the first lane that is not zero; at least one is not.
+    unsigned firstSet() const
     {
         constexpr unsigned laneBits = 8 * sizeof(Unit);
         Words const found = words();
-        for (unsigned word = 0; word < found.size(); ++word) {
-            for (std::uint64_t bits = found[word]; bits != 0;) {
-                auto const lane = static_cast<unsigned>(std::countr_zero(bits)) / laneBits;
-                bits &= ~(std::uint64_t{static_cast<Lane>(~0u)} << (lane * laneBits));
-                if (visit(word * (64 / laneBits) + lane))
-                    return true;
-            }
-        }
-        return false;
+        unsigned word = 0;
+        while (found[word] == 0)
+            ++word;
+        return (word * 64 + static_cast<unsigned>(std::countr_zero(found[word]))) / laneBits;
     }
 
 private:
@@ -83,10 +83,16 @@ private:
 
     explicit Lanes(Vector lanes) : lanes_(lanes) {}
 
-    /// All bits set in the lanes that hold one of the 26 letters from `first` on.
+    /// All bits set in the lanes that hold one of the 26 letters from `first` on. The letters are
+    /// moved to the lowest signed values, since only signed lanes compare in one instruction.
     Vector letters(char first) const
     {
-        return std::bit_cast<Vector>((lanes_ - static_cast<Lane>(first)) < static_cast<Lane>(26));
+        using Signed = std::make_signed_t<Lane>;
+        typedef Signed SignedVector __attribute__((vector_size(bytes)));
+        constexpr Signed lowest = std::numeric_limits<Signed>::min();
+        auto const moved = std::bit_cast<SignedVector>(
+            lanes_ + static_cast<Lane>(static_cast<Lane>(lowest) - static_cast<Lane>(first)));
+        return std::bit_cast<Vector>(moved < static_cast<Signed>(lowest + 26));
     }
 
     Words words() const { return std::bit_cast<Words>(lanes_); }

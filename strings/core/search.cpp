@@ -64,9 +64,8 @@ int slideBySumIn(Unit const* text, unsigned length, Unit const* pattern, unsigne
     }
 }
 
-/// What a unit of the text must show to be `wanted`, a unit of the pattern: its bits under a
-/// mask. The mask drops the bit between the cases of a letter, so nothing needs folding. It is a
-/// sieve: it may let through what a comparison refuses, never the other way round.
+/// Finds the units that equal one unit of the pattern in the given case, by their bits under a
+/// mask: it drops the bit between the cases of a letter, so that nothing needs folding.
 template <Case mode, typename Unit>
 struct Sieve
 {
@@ -75,15 +74,17 @@ struct Sieve
 
     explicit Sieve(Unit unit) : wanted(foldSecond<mode>(unit)), mask(static_cast<Unit>(~0))
     {
-        bool const isLetter = foldLower(wanted) != wanted;
+        // A lower-case letter that was promised to be in upper case keeps the bit: nothing equals
+        // it.
+        bool const isLetter = foldLower(wanted) != foldUpper(wanted);
         if (mode != Case::exact && isLetter)
             mask = static_cast<Unit>(~('a' ^ 'A'));
     }
 
-    /// 0 for a unit that passes.
+    /// 0 for an equal unit.
     Unit difference(Unit unit) const { return static_cast<Unit>((unit & mask) ^ wanted); }
 
-    /// 0 in the lanes of units that pass.
+    /// 0 in the lanes of equal units.
     template <typename Block>
     Block difference(Block block) const
     {
@@ -102,6 +103,45 @@ unsigned tellingPlace(Unit const* pattern, unsigned count)
     return place > 0 ? place : count - 1;
 }
 
+/// The search over at least a block of spans. Most spans are told apart by two of their units, a
+/// block of spans at a time: the first, and one that moves to where the last refused span
+/// differed, since in periodic text the next ones differ there too. Where even that lets too many
+/// through the sum filter takes over: it looks at every unit once, however much the spans are
+/// alike.
+template <Case mode, unsigned bytes, typename Unit>
+int findByBlocks(Unit const* text, unsigned length, Unit const* pattern, unsigned count,
+                 unsigned begin)
+{
+    using Block = Lanes<Unit, bytes>;
+    constexpr unsigned patience = 16;
+    unsigned const lastBlock = length - count + 1 - Block::size;
+    Sieve<mode, Unit> const first(pattern[0]);
+    unsigned place = tellingPlace(pattern, count);
+    Sieve<mode, Unit> second(pattern[place]);
+    unsigned refused = 0;
+    // The last block reaches back into the one before it, whose spans are refused once more.
+    for (unsigned i = begin;; i = std::min(i + Block::size, lastBlock)) {
+        Block passed =
+            (first.difference(Block(text + i)) | second.difference(Block(text + i + place)))
+                .isZero();
+        while (passed.any()) {
+            unsigned const span = i + passed.firstSet();
+            place = mismatch<mode>(text + span, pattern, count);
+            if (place == count)
+                return static_cast<int>(span);
+            ++refused;
+            second = Sieve<mode, Unit>(pattern[place]);
+            passed = passed & second.difference(Block(text + i + place)).isZero();
+        }
+        // A damaged length is more than a folded copy holds; it does without the filter.
+        if (refused > patience + (i - begin) / patience &&
+            (mode == Case::exact || length <= maxCapacity))
+            return slideBySumIn<mode>(text, length, pattern, count, i + Block::size);
+        if (i == lastBlock)
+            return -1;
+    }
+}
+
 } // namespace
 
 template <Case mode, typename Unit>
@@ -116,44 +156,14 @@ int find(TextRef<Unit const> self, Unit const* pattern, unsigned count, int star
     if (count > length)
         return -1; // only a negative start comes here
 
-    // Most spans are told apart by two of their units, a block of spans at a time: the first, and
-    // one that moves to where the last refused span differed, since in periodic text the next
-    // ones differ there too. Where even that lets too many through the sum filter takes over: it
-    // looks at every unit once, however much the spans are alike.
-    using Block = Lanes<Unit, 16>;
-    constexpr unsigned patience = 16;
-    unsigned const spans = length - count + 1;
     auto const begin = static_cast<unsigned>(std::max(start, 0));
+    unsigned const end = length - count + 1;
+    if (end - begin >= Lanes<Unit, 16>::size)
+        return findByBlocks<mode, 16>(text, length, pattern, count, begin);
+    if (end - begin >= Lanes<Unit, 8>::size)
+        return findByBlocks<mode, 8>(text, length, pattern, count, begin);
     Sieve<mode, Unit> const first(pattern[0]);
-    unsigned place = tellingPlace(pattern, count);
-    Sieve<mode, Unit> second(pattern[place]);
-    unsigned i = begin;
-    unsigned refused = 0;
-    for (; i + Block::size <= spans; i += Block::size) {
-        Block const passed =
-            (first.difference(Block(text + i)) | second.difference(Block(text + i + place)))
-                .isZero();
-        if (!passed.any())
-            continue;
-        unsigned found = 0;
-        bool const isFound = passed.visitSet([&](unsigned lane) {
-            found = i + lane;
-            unsigned const differing = mismatch<mode>(text + found, pattern, count);
-            if (differing == count)
-                return true;
-            place = differing;
-            ++refused;
-            return false;
-        });
-        if (isFound)
-            return static_cast<int>(found);
-        second = Sieve<mode, Unit>(pattern[place]);
-        // A damaged length is more than a folded copy holds; it does without the filter.
-        if (refused > patience + (i - begin) / patience &&
-            (mode == Case::exact || length <= maxCapacity))
-            return slideBySumIn<mode>(text, length, pattern, count, i + Block::size);
-    }
-    for (; i < spans; ++i)
+    for (unsigned i = begin; i < end; ++i)
         if (first.difference(text[i]) == 0 && equal<mode>(text + i, pattern, count))
             return static_cast<int>(i);
     return -1;

@@ -67,7 +67,7 @@ public:
     void endAt(unsigned length) const
     {
         storeLength(length);
-        terminate();
+        text()[static_cast<unsigned short>(length)] = 0; // as stored, without reading it back
     }
 
 private:
