@@ -23,6 +23,7 @@ class qvSharedMemory
 public:
     /// The segment named "QV_", `givenName`, "_1234567", cut at 250 characters. Calls nothing in
     /// the system.
+    /// @param givenName The name that programs agree on.
     explicit qvSharedMemory(_qvString8_allSize<250> const& givenName);
 
     /// `clearAll()`.
@@ -31,20 +32,21 @@ public:
     qvSharedMemory(qvSharedMemory const&) = delete; // owns its mapping
     qvSharedMemory& operator=(qvSharedMemory const&) = delete;
 
-    /// Makes a new segment for a record of `size` bytes, with the rights 0666 and a free lock
-    /// byte, and maps it. False when the object holds a segment or key already, when the segment
-    /// exists, when the system refuses the size, or for any other failure; a `size` of 0 or below
-    /// is false with no error set. The two flags have no effect: other programs of the farm pass
-    /// them.
+    /// Makes a new segment, with the rights 0666 and a free lock byte, and maps it. The two flags
+    /// have no effect: other programs of the farm pass them.
+    /// @param size Bytes of the record; 0 or below is false with no error set.
+    /// @return False when the object holds a segment or key already, when the segment exists, when
+    /// the system refuses the size, or for any other failure.
     bool create(int size, bool, bool);
 
-    /// Finds the existing segment, asking for the rights 0660, and maps it, leaving first
-    /// whatever this object had. Looks at neither lock byte nor record. False on failure; after a
-    /// failed size query the mapping stays although the call reports failure.
+    /// Finds the existing segment, asking for the rights 0660, and maps it, leaving first whatever
+    /// this object had. Looks at neither lock byte nor record.
+    /// @return False on failure; after a failed size query the mapping stays although the call
+    /// reports failure.
     bool attach();
 
-    /// Leaves the segment, releasing the lock if this object holds it. Always true; a failure of
-    /// the calls underneath shows in the error state only.
+    /// Leaves the segment, releasing the lock if this object holds it.
+    /// @return Always true; a failure of the calls underneath shows in the error state only.
     bool detach();
 
     /// Releases a held lock, unmaps, removes the segment if nobody is attached any more, forgets
@@ -53,32 +55,35 @@ public:
     /// then stays valid, but later attachers find nothing.
     void clearAll();
 
-    /// Bytes of the record: `totalSize` less 8, whatever the state; -9 before the first attach.
+    /// @return Bytes of the record: `totalSize` less 8, whatever the state; -9 before the first
+    /// attach.
     int size() const;
 
-    /// The record, 8 bytes behind `base`. Null with an error set when not attached.
+    /// @return The record, 8 bytes behind `base`. Null with an error set when not attached.
     void* data();
 
-    /// Takes the lock. Waits for a taken one in at most 25 sleeps of 100 ms. False when not
-    /// attached, when this object holds it already, or when it stays taken. A free lock costs no
+    /// Takes the lock. Waits for a taken one in at most 25 sleeps of 100 ms. A free lock costs no
     /// system call.
+    /// @return False when not attached, when this object holds it already, or when it stays taken.
     bool lock();
 
-    /// Gives the lock back. False when not attached or when this object does not hold it.
+    /// Gives the lock back.
+    /// @return False when not attached or when this object does not hold it.
     bool unlock();
 
-    /// Records `errno` as `errorCode` and "`text`: " with the system's text as `errorText`, cut
-    /// at 250 characters.
+    /// Records `errno` as `errorCode`, and as `errorText` the system's text behind another, cut at
+    /// 250 characters.
+    /// @param text What failed; ": " follows it.
     void setError(_qvString8_allSize<250> text);
 
     /// Empties the error state.
     void clearError();
 
-    /// The last error: 0 none; -1 a call that does not fit the state, or no lock; 2, 4, 5 the
-    /// class's own (size, exists, does not exist); else the `errno` of a system call.
+    /// @return The last error: 0 none; -1 a call that does not fit the state, or no lock; 2, 4, 5
+    /// the class's own (size, exists, does not exist); else the `errno` of a system call.
     int error() const;
 
-    /// A copy of the last error's text; empty for none.
+    /// @return A copy of the last error's text; empty for none.
     _qvString8_allSize<250> errorString() const;
 
     _qvString8_allSize<250> name;               ///< Text that the key is computed from.

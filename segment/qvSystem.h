@@ -2,11 +2,15 @@
 
 #include "strings/qvString8.h"
 
-/// The system's text for the error number `code`, on one line (line ends become blanks), at most
-/// 249 characters. A code of -1 means the current `errno`. 0 gives "No Error."; a code that the
-/// system refuses, or a longer text, gives "Error %d." with the number. May run on any thread.
+/// @file
+/// What the segment asks of the system beside shared memory.
+
+/// The system's text for an error number. May run on any thread.
+/// @param code The number; -1 means the current `errno`.
+/// @return One line (line ends become blanks) of at most 249 characters. 0 gives "No Error."; a
+/// code that the system refuses, or a longer text, gives "Error %d." with the number.
 _qvString8_allSize<250> qvLastOSError8(int code);
 
-/// Sleeps `ms` milliseconds, in single sleeps of under a second. 0 and below return at once
-/// without a system call.
+/// Sleeps, in single sleeps of under a second.
+/// @param ms Milliseconds. 0 and below return at once without a system call.
 void qvSleep(int ms);

@@ -3,6 +3,9 @@
 #include <cstddef>
 #include <cstdint>
 
+/// @file
+/// The client's record, as a sender sees it.
+
 /// Name of the client's segment, as `qvSharedMemory` takes it.
 inline constexpr char clientSegmentName[] = "qvClientSharedMemory";
 
@@ -25,24 +28,26 @@ inline constexpr int maxClientMessages = 30;
 /// segment's lock only.
 struct qvClientMailbox
 {
-    std::uint32_t recordMarker; ///< Format marker: 517.
-    unsigned char clientOwned1[924];
-    std::uint16_t stateMarker; ///< Format marker: 3077.
-    std::uint16_t stateFlag;   ///< Must not be 0; a client writes 1.
-    unsigned char clientOwned2[1069];
+    std::uint32_t recordMarker;                    ///< Format marker: 517.
+    unsigned char clientOwned1[924];               ///< The client's.
+    std::uint16_t stateMarker;                     ///< Format marker: 3077.
+    std::uint16_t stateFlag;                       ///< Must not be 0; a client writes 1.
+    unsigned char clientOwned2[1069];              ///< The client's.
     unsigned char messageCount;                    ///< Messages in the queue, 0 to 30.
     unsigned char messageKind[maxClientMessages];  ///< 2 in every entry of this tool.
     unsigned char messageType[maxClientMessages];  ///< Says how to read the value.
     std::uint16_t messageValue[maxClientMessages]; ///< Command code or number.
-    unsigned char clientOwned3[20866];
+    unsigned char clientOwned3[20866];             ///< The client's.
 };
 
 /// Bytes of the record: the least that a segment must offer behind its prefix.
 inline constexpr int clientRecordSize = 22988;
 
-/// What the format fields must hold, and what `stateFlag` is reported against.
+/// What `recordMarker` must hold.
 inline constexpr int clientRecordMarker = 517;
+/// What `stateMarker` must hold.
 inline constexpr int clientStateMarker = 3077;
+/// What a client writes to `stateFlag`, and what other values are reported against.
 inline constexpr int clientStateFlag = 1;
 
 static_assert(sizeof(qvClientMailbox) == clientRecordSize);

@@ -2,6 +2,9 @@
 
 #include "strings/qvString.h"
 
+/// @file
+/// The words of the farm's components.
+
 /// The kinds of component that the farm's programs belong to. The numbers are fixed; 14 to 16 are
 /// free.
 enum qv_AppType : unsigned int
@@ -23,5 +26,7 @@ enum qv_AppType : unsigned int
     qv_AppType_NodeJS = 17,
 };
 
-/// The word of a component, for instance "Client"; "unknown" for every other value.
+/// The word of a component.
+/// @param type The component.
+/// @return For instance "Client"; "unknown" for every other value.
 _qvString<25> qv_AppType_asString(qv_AppType const& type);

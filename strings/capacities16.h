@@ -1,7 +1,10 @@
 #pragma once
 
-/// The capacities of the 16-bit strings, current and older alike, stated here and nowhere else:
-/// 16. `DO(N)` is expanded once per capacity, in rising order.
+/// @file
+/// For which capacities the 16-bit strings exist.
+
+/// The capacities of the 16-bit strings, current and older alike, stated here and nowhere else: 16.
+/// @param DO Macro, expanded once per capacity, in rising order.
 #define QV_STRING16_CAPACITIES(DO)                                                                 \
     DO(10)                                                                                         \
     DO(15)                                                                                         \
@@ -24,7 +27,8 @@ namespace qvStrings {
 
 #define QV_IS_CAPACITY(N) capacity == N ||
 
-/// True for a capacity at which the 16-bit strings exist.
+/// @return True for a capacity at which the 16-bit strings exist.
+/// @param capacity In units.
 constexpr bool isCapacity16(int capacity)
 {
     return QV_STRING16_CAPACITIES(QV_IS_CAPACITY) false;

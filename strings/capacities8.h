@@ -1,9 +1,11 @@
 #pragma once
 
+/// @file
 /// The capacities of the 8-bit strings, each list stated here and nowhere else. `DO(N)` is
 /// expanded once per capacity, in rising order.
 
 /// `_qvString8_allSize<N>`: all 24.
+/// @param DO Macro, expanded once per capacity.
 #define QV_STRING8_CAPACITIES(DO)                                                                  \
     DO(6)                                                                                          \
     DO(7)                                                                                          \
@@ -31,6 +33,7 @@
     DO(5000)
 
 /// `_qvString8_evenSize_old<N>` with its members: 17.
+/// @param DO Macro, expanded once per capacity.
 #define QV_STRING8_EVEN_OLD_CAPACITIES(DO)                                                         \
     DO(6)                                                                                          \
     DO(8)                                                                                          \
@@ -51,6 +54,7 @@
     DO(5000)
 
 /// `_qvString8_UnevenSize_old<N>` with its members: 5.
+/// @param DO Macro, expanded once per capacity.
 #define QV_STRING8_UNEVEN_OLD_CAPACITIES(DO)                                                       \
     DO(7)                                                                                          \
     DO(15)                                                                                         \
@@ -62,19 +66,22 @@ namespace qvStrings {
 
 #define QV_IS_CAPACITY(N) capacity == N ||
 
-/// True for a capacity at which `_qvString8_allSize<N>` exists.
+/// @return True for a capacity at which `_qvString8_allSize<N>` exists.
+/// @param capacity In characters.
 constexpr bool isCapacity8(int capacity)
 {
     return QV_STRING8_CAPACITIES(QV_IS_CAPACITY) false;
 }
 
-/// True for a capacity at which `_qvString8_evenSize_old<N>` has members.
+/// @return True for a capacity at which `_qvString8_evenSize_old<N>` has members.
+/// @param capacity In characters.
 constexpr bool isEvenOldCapacity8(int capacity)
 {
     return QV_STRING8_EVEN_OLD_CAPACITIES(QV_IS_CAPACITY) false;
 }
 
-/// True for a capacity at which `_qvString8_UnevenSize_old<N>` has members.
+/// @return True for a capacity at which `_qvString8_UnevenSize_old<N>` has members.
+/// @param capacity In characters.
 constexpr bool isUnevenOldCapacity8(int capacity)
 {
     return QV_STRING8_UNEVEN_OLD_CAPACITIES(QV_IS_CAPACITY) false;

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+/// @file
 /// The memory images of the 8-bit strings. They cross process boundaries, so they are formats:
 /// little-endian, alignment 2, every byte named (an implicit padding byte would not be sure to
 /// travel with a copy).
@@ -14,6 +15,9 @@ namespace qvStrings {
 ///           | length | text: N + 1 characters | pad (even N only) |
 ///
 /// N + 3 bytes for odd N, N + 4 for even N: only the whole is rounded up to a multiple of 2.
+///
+/// @tparam N The capacity in characters.
+/// @tparam HasPad Follows from N.
 template <int N, bool HasPad = N % 2 == 0>
 struct Image8
 {
@@ -22,6 +26,8 @@ struct Image8
     unsigned char pad; ///< Alignment byte without a meaning; travels with whole copies only.
 };
 
+/// The current image at odd N.
+/// @tparam N The capacity in characters.
 template <int N>
 struct Image8<N, false>
 {
@@ -42,6 +48,9 @@ static_assert(offsetof(Image8<7>, text) == 2);
 ///           | text: N + 1 characters | filler | spare | length |  odd N, N + 5 bytes
 ///
 /// Odd capacities occur as sources of a conversion only.
+///
+/// @tparam N The capacity in characters.
+/// @tparam HasSpare Follows from N.
 template <int N, bool HasSpare = N % 2 != 0>
 struct EvenOldImage8
 {
@@ -51,6 +60,8 @@ struct EvenOldImage8
     unsigned short length;         ///< Characters in use, 0 to N.
 };
 
+/// The older image of the even capacities at even N.
+/// @tparam N The capacity in characters.
 template <int N>
 struct EvenOldImage8<N, false>
 {
@@ -63,14 +74,17 @@ static_assert(sizeof(EvenOldImage8<6>) == 10 && offsetof(EvenOldImage8<6>, lengt
 static_assert(sizeof(EvenOldImage8<5000>) == 5004 && offsetof(EvenOldImage8<5000>, length) == 5002);
 static_assert(offsetof(EvenOldImage8<125>, length) == 128);
 
-/// The older image of the odd capacities: text first, the length right behind it. At odd N it is
-/// as long as the current image.
+/// The older image of the odd capacities: text first, the length right behind it. At odd N it is as
+/// long as the current image.
 ///
 ///     byte  0                    N + 1
 ///           | text: N + 1 characters | length |           odd N, N + 3 bytes
 ///           | text: N + 1 characters | spare | length |   even N, N + 4 bytes
 ///
 /// Even capacities occur as sources of a conversion only; there both older images are one.
+///
+/// @tparam N The capacity in characters.
+/// @tparam HasSpare Follows from N.
 template <int N, bool HasSpare = N % 2 == 0>
 struct UnevenOldImage8
 {
@@ -79,6 +93,8 @@ struct UnevenOldImage8
     unsigned short length;         ///< Characters in use, 0 to N.
 };
 
+/// The older image of the odd capacities at odd N.
+/// @tparam N The capacity in characters.
 template <int N>
 struct UnevenOldImage8<N, false>
 {

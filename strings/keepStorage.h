@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// For constructors that keep bytes of their storage.
+
 /// Marks a constructor that leaves some bytes of its storage as they were (spare bytes, text
 /// behind the terminator). g++ otherwise takes all storage for dead when a constructor begins
 /// and drops the stores that came before it, so the kept bytes would come out undetermined.

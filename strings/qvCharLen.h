@@ -1,6 +1,20 @@
 #pragma once
 
-/// Units of a raw 16-bit text before its first zero unit, looked for among the first 1024 only:
-/// a text without a zero there measures 1024, whatever the capacity it is meant for. Does not
-/// accept null; reads no unit behind the first zero nor behind the 1024th.
-unsigned short qvCharLen(unsigned short const* text);
+/// @file
+/// How long a raw 16-bit text is.
+
+/// Measures a raw 16-bit text. The zero unit that ends it is looked for among the first 1024 only:
+/// a text without one there measures 1024, whatever the capacity it is meant for. Reads no unit
+/// behind the first zero nor behind the 1024th.
+/// @param text The text; not null.
+/// @return Units before the first zero unit, 0 to 1024.
+inline unsigned short qvCharLen(unsigned short const* text)
+{
+    constexpr unsigned short bound = 1024;
+    constexpr unsigned short step = 4; // the bound is asked once for so many units
+    for (unsigned short at = 0; at < bound; at += step)
+        for (unsigned short i = at; i < at + step; ++i)
+            if (text[i] == 0)
+                return i;
+    return bound;
+}

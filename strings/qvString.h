@@ -17,6 +17,8 @@ class _qvString_old;
 /// empty string.
 ///
 /// The members are those of `Rules`, `Rules16` and the ones below.
+///
+/// @tparam N The capacity in units.
 template <int N>
 class _qvString : public qvStrings::Rules16<_qvString<N>, qvStrings::Image16<N>>
 {
@@ -33,103 +35,125 @@ public:
     /// Empty, all bytes zero.
     QV_KEEPS_STORAGE _qvString() { this->clearAll(); }
 
-    /// One byte, sign-extended, length 1 also for 0; all other bytes zero.
+    /// One byte, length 1 also for 0; all other bytes zero.
+    /// @param c The byte, sign-extended.
     QV_KEEPS_STORAGE _qvString(char const& c) { this->construct(c); }
 
-    /// The first N bytes of `s`, sign-extended; all other bytes zero. Null gives the empty string.
+    /// The first N bytes of a text; all other bytes zero.
+    /// @param s The text, sign-extended. Null gives the empty string.
     QV_KEEPS_STORAGE _qvString(char const* s) { this->construct(s); }
 
-    /// `n` bytes of `s`, zero bytes included, sign-extended; all other bytes zero. n counts modulo
-    /// 65536, cut at N. Null gives the empty string.
+    /// Bytes, zero bytes included; all other bytes zero.
+    /// @param s The bytes, sign-extended. Null gives the empty string.
+    /// @param n How many, modulo 65536, cut at N.
     QV_KEEPS_STORAGE _qvString(char const* s, int n) { this->construct(s, n); }
 
-    /// The first N units of `s`, at most 1024; all text behind them zero, `reserved` stays. Null
-    /// gives the empty string.
+    /// The first N units of a text, at most 1024; all text behind them zero, `reserved` stays.
+    /// @param s The text. Null gives the empty string.
     QV_KEEPS_STORAGE _qvString(unsigned short const* s) { this->construct(s); }
 
-    /// `n` units of `s`, zero units included; all text behind them zero, `reserved` stays. n counts
-    /// modulo 65536, cut at N. Null goes with n = 0 only.
+    /// Units, zero units included; all text behind them zero, `reserved` stays.
+    /// @param s The units. Null goes with n = 0 only.
+    /// @param n How many, modulo 65536, cut at N.
     QV_KEEPS_STORAGE _qvString(unsigned short const* s, int n) { this->construct(s, n); }
 
-    /// The text that `p` views, whose length is taken as it stands: the caller knows that it is at
-    /// most N, since a longer text is written past the object. Exactly its units and the
-    /// terminator are written. Does not accept null.
+    /// The text of a view, whose length is taken as it stands: the caller knows that it is at most
+    /// N, since a longer text is written past the object. Exactly its units and the terminator are
+    /// written.
+    /// @param p The view; not null.
     QV_KEEPS_STORAGE _qvString(_qvString_Uni_pointer const* p) { takeOverlay(p); }
 
-    /// The first N bytes of the 8-bit text that `p` views, sign-extended; all text behind them
-    /// zero, `reserved` stays. Null gives the empty string.
+    /// The first N bytes of a view's 8-bit text; all text behind them zero, `reserved` stays.
+    /// @param p The view, its text sign-extended. Null gives the empty string.
     QV_KEEPS_STORAGE _qvString(_qvString8_Uni_pointer const* p)
     {
         this->clear();
         if (p != nullptr) {
             auto const viewed = qvStrings::overlayText8(p);
-            qvStrings::assignWidened(this->ref(), viewed.text, viewed.length,
+            qvStrings::assignWidened(this->storage(), viewed.text, viewed.length,
                                      qvStrings::Extension::sign);
         }
     }
 
-    /// The text of an older image: its length as it stands and the first N units of its text,
-    /// stale ones included. Terminator; `reserved` and, for a shorter text, text[N] stay. A
-    /// damaged length above N is taken too, and the terminator is then written past the text.
+    /// The text of an older image: its length as it stands and the first N units of its text, stale
+    /// ones included. Terminator; `reserved` and, for a shorter text, text[N] stay. A damaged
+    /// length above N is taken too, and the terminator is then written past the text.
+    /// @param o The image.
     QV_KEEPS_STORAGE _qvString(_qvString_old<N> const& o) { takeOld(o); }
+    /// @copydoc _qvString(_qvString_old<N> const&)
+    /// @return This string.
     _qvString& operator=(_qvString_old<N> const& o)
     {
         takeOld(o);
         return *this;
     }
 
-    /// Takes the first N characters of `s`, sign-extended; its size counts modulo 65536.
-    /// Terminator.
+    /// Takes the first N characters of a text, sign-extended. Terminator.
+    /// @param s The text; its size counts modulo 65536.
+    /// @return This string.
     _qvString& operator=(std::string const& s)
     {
-        qvStrings::assignWidened(this->ref(), s.data(), static_cast<unsigned>(s.size() & 0xFFFFu),
+        qvStrings::assignWidened(this->storage(), s.data(),
+                                 static_cast<unsigned>(s.size() & 0xFFFFu),
                                  qvStrings::Extension::sign);
         return *this;
     }
 
-    /// Takes the text that `p` views, NOT clipped, unlike the 8-bit namesake: as the constructor.
+    /// Takes the text of a view, NOT clipped, unlike the 8-bit namesake: as the constructor.
+    /// @param p The view; not null.
+    /// @return This string.
     _qvString& operator=(_qvString_Uni_pointer* p)
     {
         takeOverlay(p);
         return *this;
     }
 
-    /// This object as a view without a capacity. The view is writable although this member is
+    /// @return This object as a view without a capacity. It is writable although this member is
     /// const: who writes through it must know the string to be no constant.
     _qvString_Uni_pointer* asUni() const
     {
         return reinterpret_cast<_qvString_Uni_pointer*>(const_cast<_qvString*>(this));
     }
 
-    /// False for null, as `operator==` is (intended); else the opposite of it.
+    /// @return False for null, as `operator==` is (intended); else the opposite of it.
+    /// @param s Text to compare with.
     bool operator!=(char const* s) const { return s != nullptr && !(*this == s); }
 
     /// Appends the number.
+    /// @param v The number.
     void addNr(unsigned long long const& v) { this->addDecimal(v); }
+    /// @copydoc addNr(unsigned long long const&)
     void addNr(int const& v) { this->addDecimal(v); }
+    /// @copydoc addNr(unsigned long long const&)
     void addNr(unsigned int const& v) { this->addDecimal(v); }
+    /// @copydoc addNr(unsigned long long const&)
     void addNr(unsigned char const& v) { this->addDecimal(unsigned{v}); }
 
 private:
-    void takeOverlay(_qvString_Uni_pointer const* p)
+    void takeOverlay(_qvString_Uni_pointer const* p, char const* member = __builtin_FUNCTION())
     {
         auto const viewed = qvStrings::overlayText16(p);
-        qvStrings::assignUnclipped(this->ref(), viewed.text, viewed.length);
+        this->expectLength(viewed.length, member);
+        qvStrings::assignUnclipped(this->storage(), viewed.text, viewed.length);
     }
 
-    void takeOld(_qvString_old<N> const& o)
+    void takeOld(_qvString_old<N> const& o, char const* member = __builtin_FUNCTION())
     {
+        this->expectLength(o.length, member);
         // A record may be converted in place, so the source may go while it is copied.
         auto const stored = o.length;
         std::memmove(this->text, o.text, N * sizeof this->text[0]);
-        this->ref().endAt(stored);
+        this->storage().endAt(stored);
     }
 };
 
-// Compiled once, in qvString.cpp; small members are still inlined where they are called.
+// Compiled once, in qvString.cpp; small members are still inlined where they are called. A checked
+// program compiles its own.
+#ifndef QV_CHECKED
 #define QV_EXTERN(N)                                                                               \
     extern template class qvStrings::Rules<_qvString<N>, qvStrings::Image16<N>>;                   \
     extern template class qvStrings::Rules16<_qvString<N>, qvStrings::Image16<N>>;                 \
     extern template class _qvString<N>;
 QV_STRING16_CAPACITIES(QV_EXTERN)
 #undef QV_EXTERN
+#endif

@@ -15,12 +15,14 @@ class _qvString8_evenSize_old;
 template <int N>
 class _qvString8_UnevenSize_old;
 
-/// The current 8-bit string: up to N characters of text without an encoding, held in the object,
-/// in the image that `docs/memory-images.md` shows. Exists for the 24 capacities of
-/// `capacities8.h`. An object is plain bytes: it may lie in a shared record, be copied as a
-/// block, and a block of zeros is an empty string.
+/// The current 8-bit string: up to N characters of text without an encoding, held in the object, in
+/// the image that `docs/memory-images.md` shows. Exists for the 24 capacities of `capacities8.h`.
+/// An object is plain bytes: it may lie in a shared record, be copied as a block, and a block of
+/// zeros is an empty string.
 ///
 /// The members are those of `Rules`, `Rules8` and the ones below.
+///
+/// @tparam N The capacity in characters.
 template <int N>
 class _qvString8_allSize : public qvStrings::Rules8<_qvString8_allSize<N>, qvStrings::Image8<N>>
 {
@@ -39,61 +41,73 @@ public:
     /// Empty, all N + 1 text bytes zero. The pad byte of an even capacity stays as it was.
     QV_KEEPS_STORAGE _qvString8_allSize() { this->clear(); }
 
-    /// The first N characters of `s`, all text behind them zero. Null gives the empty string.
+    /// The first N characters of a text, all text behind them zero.
+    /// @param s The text. Null gives the empty string.
     QV_KEEPS_STORAGE _qvString8_allSize(char const* s) { this->construct(s); }
 
-    /// `count` bytes of `s`, zero bytes included, all text behind them zero; count is taken
-    /// modulo 65536 (-1 gives N characters) and cut at N. `s` must hold what is read; it may be
-    /// null only with a count of 0.
+    /// Bytes, zero bytes included, all text behind them zero.
+    /// @param s Must hold what is read; null goes with a count of 0 only.
+    /// @param count How many, modulo 65536 (-1 gives N characters), cut at N.
     QV_KEEPS_STORAGE _qvString8_allSize(char const* s, int count) { this->construct(s, count); }
 
-    /// The low bytes of the units of a zero-terminated 16-bit text, at most 1024 of them
-    /// whatever N (see `qvCharLen`), cut at N; all text behind them zero. Null gives the empty
-    /// string.
+    /// The low bytes of the units of a 16-bit text, at most 1024 of them whatever N (see
+    /// `qvCharLen`), cut at N; all text behind them zero.
+    /// @param s The text, ending in a zero unit. Null gives the empty string.
     QV_KEEPS_STORAGE _qvString8_allSize(unsigned short const* s)
     {
         if (s == nullptr)
             this->clear();
         else
-            qvStrings::assignNarrowedCleared(this->ref(), s, qvCharLen(s));
+            qvStrings::assignNarrowedCleared(this->storage(), s, qvCharLen(s));
     }
 
-    /// The text that `p` views, whose length is taken as it stands: the caller knows that it is
-    /// at most N, since a longer text is written past the object (`operator=` clips). Exactly
-    /// its characters and the terminator are written. Does not accept null.
+    /// The text of a view, whose length is taken as it stands: the caller knows that it is at most
+    /// N, since a longer text is written past the object (`operator=` clips). Exactly its
+    /// characters and the terminator are written.
+    /// @param p The view; not null.
     QV_KEEPS_STORAGE _qvString8_allSize(_qvString8_Uni_pointer const* p)
     {
         auto const viewed = qvStrings::overlayText8(p);
-        qvStrings::assignUnclipped(this->ref(), viewed.text, viewed.length);
+        this->expectLength(viewed.length);
+        qvStrings::assignUnclipped(this->storage(), viewed.text, viewed.length);
     }
 
-    /// The text of an older image of the same capacity: its length as it stands and exactly N
-    /// bytes of its text, stale ones included. Terminator; nothing else is cleared. A damaged
-    /// length above N is taken too, and the terminator is then written past the text.
+    /// The text of an older image of the same capacity: its length as it stands and exactly N bytes
+    /// of its text, stale ones included. Terminator; nothing else is cleared. A damaged length
+    /// above N is taken too, and the terminator is then written past the text.
+    /// @param o The image.
     QV_KEEPS_STORAGE _qvString8_allSize(_qvString8_evenSize_old<N> const& o)
     {
         takeOld(o);
-        this->ref().terminate();
+        this->storage().terminate();
     }
+    /// @copydoc _qvString8_allSize(_qvString8_evenSize_old<N> const&)
     QV_KEEPS_STORAGE _qvString8_allSize(_qvString8_UnevenSize_old<N> const& o)
     {
         takeOld(o);
-        this->ref().terminate();
+        this->storage().terminate();
     }
 
-    /// The same without the terminator, intended: after a text of N characters text[N] is
-    /// whatever this string held there.
+    /// The same without the terminator, intended: after a text of N characters text[N] is whatever
+    /// this string held there.
+    /// @param o The image.
+    /// @return This string.
     _qvString8_allSize& operator=(_qvString8_evenSize_old<N> const& o) { return takeOld(o); }
+    /// @copydoc operator=(_qvString8_evenSize_old<N> const&)
     _qvString8_allSize& operator=(_qvString8_UnevenSize_old<N> const& o) { return takeOld(o); }
 
-    /// Takes the first N characters of `s`; its size counts modulo 65536. Terminator.
+    /// Takes the first N characters of a text. Terminator.
+    /// @param s The text; its size counts modulo 65536.
+    /// @return This string.
     _qvString8_allSize& operator=(std::string const& s)
     {
-        qvStrings::assign(this->ref(), s.data(), static_cast<unsigned>(s.size() & 0xFFFFu));
+        qvStrings::assign(this->storage(), s.data(), static_cast<unsigned>(s.size() & 0xFFFFu));
         return *this;
     }
 
-    /// Takes the text that `p` views, cut at N. Terminator. Does not accept null.
+    /// Takes the text of a view, cut at N. Terminator.
+    /// @param p The view; not null.
+    /// @return This string.
     _qvString8_allSize& operator=(_qvString8_Uni_pointer* p)
     {
         return *this = static_cast<_qvString8_Uni_pointer const*>(p);
@@ -101,25 +115,30 @@ public:
 
     /// The same for what `asUni()` hands out; without it such an assignment would go through the
     /// constructor that does not clip.
+    /// @param p The view; not null.
+    /// @return This string.
     _qvString8_allSize& operator=(_qvString8_Uni_pointer const* p)
     {
         auto const viewed = qvStrings::overlayText8(p);
-        qvStrings::assign(this->ref(), viewed.text, viewed.length);
+        qvStrings::assign(this->storage(), viewed.text, viewed.length);
         return *this;
     }
 
-    /// Takes `count` bytes of `s`, zero bytes included; count is taken modulo 65536 and cut at N.
-    /// Terminator. Null sets the length to 0 and nothing else.
+    /// Takes bytes, zero bytes included. Terminator.
+    /// @param s The bytes. Null sets the length to 0 and nothing else.
+    /// @param count How many, modulo 65536, cut at N.
     void fromChar(char const* s, int const& count)
     {
         if (s == nullptr)
             this->length = 0;
         else
-            qvStrings::assign(this->ref(), s, Base::lowCount(count));
+            qvStrings::assign(this->storage(), s, Base::lowCount(count));
     }
 
-    /// Appends the low byte of `c`. A full string stays as it is; only a length of exactly N counts
-    /// as full (intended, unlike the `char` form: it shows on a damaged length only).
+    /// Appends a low byte. A full string stays as it is; only a length of exactly N counts as full
+    /// (intended, unlike the `char` form: it shows on a damaged length only).
+    /// @param c The unit whose low byte it is.
+    /// @return This string.
     _qvString8_allSize& operator+=(unsigned short const& c)
     {
         if (this->length != N)
@@ -127,23 +146,29 @@ public:
         return *this;
     }
 
-    /// The opposite of `operator==(char const*)`: true for null.
+    /// @return The opposite of `operator==(char const*)`: true for null.
+    /// @param s Text to compare with.
     bool operator!=(char const* s) const { return !(*this == s); }
 
     /// Equality with the text of an older image, as with the string that the constructor makes of
     /// it: an empty one has a first byte of 0.
+    /// @param o The image.
+    /// @return True for exact equality.
     bool operator==(_qvString8_evenSize_old<N> const& o) const { return equalsOld(o); }
+    /// @copydoc operator==(_qvString8_evenSize_old<N> const&) const
     bool operator==(_qvString8_UnevenSize_old<N> const& o) const { return equalsOld(o); }
 
-    /// First place of the low byte of `c`, exact, unlike its neighbour for a `char`. A start
-    /// outside the text means 0.
+    /// @return First place of the low byte of `c` at or behind `start`, or -1.
+    /// @param c Unit of the byte; exact, unlike the neighbour for a `char`.
+    /// @param start One outside the text means 0.
     int indexOf(unsigned short const& c, int start) const
     {
         return this->indexOfCaseSen(static_cast<char>(c), start);
     }
 
-    /// Last place of the low byte of `c` at or before `start`, exact; a start outside the text
-    /// means its last character.
+    /// @return Last place of the low byte of `c` at or before `start`, exact, or -1.
+    /// @param c Unit of the byte.
+    /// @param start One outside the text means its last character.
     int lastIndexOf(unsigned short const& c, int start) const
     {
         return this->lastIndexOf(static_cast<char>(c), start);
@@ -155,16 +180,23 @@ public:
     /// @{
 
     /// Appends the number.
+    /// @param v The number.
     void addNr(int const& v) { addDecimal(v); }
+    /// @copydoc addNr(int const&)
     void addNr(long long const& v) { addDecimal(v); }
+    /// @copydoc addNr(int const&)
     void addNr(unsigned long long const& v) { addDecimal(v); }
 
-    /// Appends the number in at least `minWidth` columns, sign included, zeros in front. The
-    /// zeros stand in front of the sign too: -5 in 4 columns is "00-5" (intended).
+    /// Appends the number in a field, zeros in front. The zeros stand in front of the sign too: -5
+    /// in 4 columns is "00-5" (intended).
+    /// @param v The number.
+    /// @param minWidth Least columns, sign included.
     void addNr(int const& v, unsigned char const& minWidth) { addDecimal(v, minWidth); }
+    /// @copydoc addNr(int const&, unsigned char const&)
     void addNr(long long const& v, unsigned char const& minWidth) { addDecimal(v, minWidth); }
 
-    /// A new string with the number; all bytes behind it zero.
+    /// @return A new string with the number; all bytes behind it zero.
+    /// @param v The number.
     static _qvString8_allSize fromNr(long long const& v)
     {
         _qvString8_allSize result;
@@ -173,51 +205,68 @@ public:
     }
 
     /// Appends upper-case hex digits: two of a char, four of a short, eight of an int, without a
-    /// prefix. A negative short has the eight digits of its int (intended); of a negative char
-    /// the last two of eight count. The digits pass through a text of this capacity, so 6 and 7
-    /// keep the first 6 and 7 of eight, and the last two of these for a char (intended).
+    /// prefix. A negative short has the eight digits of its int (intended); of a negative char the
+    /// last two of eight count. The digits pass through a text of this capacity, so 6 and 7 keep
+    /// the first 6 and 7 of eight, and the last two of these for a char (intended).
+    /// @param v The number.
     void addHexCode(signed char const& v)
     {
         qvStrings::appendHex(this->ref(), asUnsigned(v), 2, true);
     }
+    /// @copydoc addHexCode(signed char const&)
     void addHexCode(unsigned char const& v) { qvStrings::appendHex(this->ref(), v, 2, true); }
+    /// @copydoc addHexCode(signed char const&)
     void addHexCode(short const& v) { qvStrings::appendHex(this->ref(), asUnsigned(v), 4, false); }
+    /// @copydoc addHexCode(signed char const&)
     void addHexCode(unsigned short const& v) { qvStrings::appendHex(this->ref(), v, 4, false); }
+    /// @copydoc addHexCode(signed char const&)
     void addHexCode(int const& v) { qvStrings::appendHex(this->ref(), asUnsigned(v), 8, false); }
+    /// @copydoc addHexCode(signed char const&)
     void addHexCode(unsigned int const& v) { qvStrings::appendHex(this->ref(), v, 8, false); }
 
     /// @}
     /// \name Text to numbers
     /// @{
 
-    /// `atoi` of the text. With `ok` the text must be all digits but a '-' at position 0 (both
-    /// may be missing), else *ok is false and the result 0. Values out of range are not noticed.
-    int toInt(bool* ok) const { return qvStrings::toInt(this->ref(), ok); }
+    /// `atoi` of the text. With `ok` the text must be all digits but a '-' at position 0 (both may
+    /// be missing). Values out of range are not noticed.
+    /// @param[out] ok Unless null, whether the text is so.
+    /// @return The number; 0 where *ok is false.
+    int toInt(bool* ok) const { return qvStrings::toInt(numberRef(ok), ok); }
 
     /// The same with `atoll`.
-    long long toInt64(bool* ok) const { return qvStrings::toInt64(this->ref(), ok); }
+    /// @copydetails toInt(bool*) const
+    long long toInt64(bool* ok) const { return qvStrings::toInt64(numberRef(ok), ok); }
 
-    /// Reads a field of bits / 4 hex digits from the start of the text and, with `cutDigits`,
-    /// removes it. With `asSigned` the value is sign-extended from 8, 16 or 32 bits and *ok tells
-    /// whether there was one; other widths give 0 and false. Without, any width is read by
-    /// `strtoll` and *ok is true whatever stood there (intended). `ok` may be null. The caller
-    /// cuts no field wider than the text: that leaves a string of length N.
+    /// Reads a field of bits / 4 hex digits from the start of the text. Signed, the value is
+    /// extended from 8, 16 or 32 bits and *ok tells whether there was one; other widths give 0 and
+    /// false. Else any width is read by `strtoll` and *ok is true whatever stood there (intended).
+    /// The caller cuts no field wider than the text: that leaves a string of length N.
+    /// @param bits Width of the value, four bits to a digit.
+    /// @param asSigned Whether the value has a sign.
+    /// @param cutDigits Whether to remove the field.
+    /// @param[out] ok As said; may be null.
+    /// @return The value.
     long long toIntFromHex(int const& bits, bool const& asSigned, bool const& cutDigits, bool* ok)
     {
+        this->expect(!cutDigits || (bits >= 0 && bits / 4 <= this->length),
+                     {bits, asSigned, cutDigits});
         return qvStrings::toIntFromHex(this->ref(), bits, asSigned, cutDigits, ok);
     }
 
     /// @}
 
-    /// The text, writable; `calcLength()` takes the length from it afterwards.
+    /// @return The text, writable; `calcLength()` takes the length from it afterwards.
     char* asChar() { return this->text; }
+    /// @return The text.
     char const* asChar() const { return this->text; }
 
-    /// The same as `asChar()`, by its other name.
+    /// @return The same as `asChar()`, by its other name.
     char* toChar() { return this->text; }
+    /// @return The same as `asChar()`, by its other name.
     char const* toChar() const { return this->text; }
 
-    /// This object as a view without a capacity.
+    /// @return This object as a view without a capacity.
     _qvString8_Uni_pointer const* asUni() const
     {
         return reinterpret_cast<_qvString8_Uni_pointer const*>(this);
@@ -225,8 +274,9 @@ public:
 
 private:
     template <typename Old>
-    _qvString8_allSize& takeOld(Old const& o)
+    _qvString8_allSize& takeOld(Old const& o, char const* member = __builtin_FUNCTION())
     {
+        this->expectLength(o.length, member);
         // A record may be converted in place, so the source may go while it is copied.
         auto const stored = o.length;
         std::memmove(this->text, o.text, N);
@@ -235,25 +285,36 @@ private:
     }
 
     template <typename Old>
-    bool equalsOld(Old const& o) const
+    bool equalsOld(Old const& o, char const* member = __builtin_FUNCTION()) const
     {
+        this->expectLength(o.length, member);
         return this->equalExact(o.length == 0 ? '\0' : o.text[0], o.text, o.length);
     }
 
-    template <typename Number>
-    void addDecimal(Number v, unsigned minWidth = 0)
+    /// The text that a number is read from. Only the check that `ok` asks for goes by the length,
+    /// which a conversion from units may have left above N.
+    auto numberRef(bool const* ok, char const* member = __builtin_FUNCTION()) const
     {
-        qvStrings::appendZeroPadded(this->ref(), qvStrings::DecimalText(v), minWidth);
+        return ok == nullptr ? this->storage() : this->ref(member);
+    }
+
+    template <typename Number>
+    void addDecimal(Number v, unsigned minWidth = 0, char const* member = __builtin_FUNCTION())
+    {
+        qvStrings::appendZeroPadded(this->ref(member), qvStrings::DecimalText(v), minWidth);
     }
 
     /// A signed value as the formatter sees it, extended to an int.
     static unsigned asUnsigned(int v) { return static_cast<unsigned>(v); }
 };
 
-// Compiled once, in qvString8.cpp; small members are still inlined where they are called.
+// Compiled once, in qvString8.cpp; small members are still inlined where they are called. A checked
+// program compiles its own.
+#ifndef QV_CHECKED
 #define QV_EXTERN(N)                                                                               \
     extern template class qvStrings::Rules<_qvString8_allSize<N>, qvStrings::Image8<N>>;           \
     extern template class qvStrings::Rules8<_qvString8_allSize<N>, qvStrings::Image8<N>>;          \
     extern template class _qvString8_allSize<N>;
 QV_STRING8_CAPACITIES(QV_EXTERN)
 #undef QV_EXTERN
+#endif

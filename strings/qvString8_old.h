@@ -4,17 +4,17 @@
 #include "strings/image8.h"
 #include "strings/rules8.h"
 
+/// @file
 /// The older 8-bit strings, kept so that text in older records can be read, worked on and brought
 /// to `_qvString8_allSize<N>`, which takes them by construction, assignment and comparison. Text
 /// first and length behind it, so the image depends on whether N is even or odd; hence two
 /// templates. Their members are those of `Rules` and `Rules8` and nothing else.
 ///
 /// Writing past the text (`addSpacing` without room) meets the filler and the length itself.
-///
-/// A capacity of the current string at which an older one has no members gives its bare image,
-/// as a source for the conversions.
 
-/// The older string of even capacities; members at the 17 that `capacities8.h` lists.
+/// The older string of even capacities; members at the 17 that `capacities8.h` lists. At any other
+/// capacity of the current string it is its bare image, as a source for the conversions.
+/// @tparam N The capacity in characters.
 template <int N>
 class _qvString8_evenSize_old : public qvStrings::EvenOldImage8<N>
 {
@@ -22,6 +22,8 @@ class _qvString8_evenSize_old : public qvStrings::EvenOldImage8<N>
                                              "strings/capacities8.h lists, and for no other");
 };
 
+/// The older string of even capacities, with the members of `Rules` and `Rules8`.
+/// @tparam N The capacity in characters.
 template <int N>
 requires(qvStrings::isEvenOldCapacity8(N)) class _qvString8_evenSize_old<N>
     : public qvStrings::Rules8<_qvString8_evenSize_old<N>, qvStrings::EvenOldImage8<N>>
@@ -36,18 +38,22 @@ public:
     /// Empty, all N + 1 text bytes zero. The filler stays as it was.
     QV_KEEPS_STORAGE _qvString8_evenSize_old() { this->clear(); }
 
-    /// The first N characters of `s`, all text behind them zero. Null gives the empty string.
+    /// The first N characters of a text, all text behind them zero.
+    /// @param s The text. Null gives the empty string.
     QV_KEEPS_STORAGE _qvString8_evenSize_old(char const* s) { this->construct(s); }
 
-    /// `count` bytes of `s`, zero bytes included, count taken modulo 65536 and cut at N; all text
-    /// behind them zero. `s` must hold what is read.
+    /// Bytes, zero bytes included, all text behind them zero.
+    /// @param s Must hold what is read; null goes with a count of 0 only.
+    /// @param count How many, modulo 65536, cut at N.
     QV_KEEPS_STORAGE _qvString8_evenSize_old(char const* s, int count)
     {
         this->construct(s, count);
     }
 };
 
-/// The older string of odd capacities; members at the 5 that `capacities8.h` lists.
+/// The older string of odd capacities; members at the 5 that `capacities8.h` lists. At any other
+/// capacity of the current string it is its bare image, as a source for the conversions.
+/// @tparam N The capacity in characters.
 template <int N>
 class _qvString8_UnevenSize_old : public qvStrings::UnevenOldImage8<N>
 {
@@ -55,6 +61,8 @@ class _qvString8_UnevenSize_old : public qvStrings::UnevenOldImage8<N>
                                              "strings/capacities8.h lists, and for no other");
 };
 
+/// The older string of odd capacities, with the members of `Rules` and `Rules8`.
+/// @tparam N The capacity in characters.
 template <int N>
 requires(qvStrings::isUnevenOldCapacity8(N)) class _qvString8_UnevenSize_old<N>
     : public qvStrings::Rules8<_qvString8_UnevenSize_old<N>, qvStrings::UnevenOldImage8<N>>
@@ -69,18 +77,22 @@ public:
     /// Empty, all N + 1 text bytes zero.
     QV_KEEPS_STORAGE _qvString8_UnevenSize_old() { this->clear(); }
 
-    /// The first N characters of `s`, all text behind them zero. Null gives the empty string.
+    /// The first N characters of a text, all text behind them zero.
+    /// @param s The text. Null gives the empty string.
     QV_KEEPS_STORAGE _qvString8_UnevenSize_old(char const* s) { this->construct(s); }
 
-    /// `count` bytes of `s`, zero bytes included, count taken modulo 65536 and cut at N; all text
-    /// behind them zero. `s` must hold what is read.
+    /// Bytes, zero bytes included, all text behind them zero.
+    /// @param s Must hold what is read; null goes with a count of 0 only.
+    /// @param count How many, modulo 65536, cut at N.
     QV_KEEPS_STORAGE _qvString8_UnevenSize_old(char const* s, int count)
     {
         this->construct(s, count);
     }
 };
 
-// Compiled once, in qvString8_old.cpp; small members are still inlined where they are called.
+// Compiled once, in qvString8_old.cpp; small members are still inlined where they are called. A
+// checked program compiles its own.
+#ifndef QV_CHECKED
 #define QV_EXTERN(N)                                                                               \
     extern template class qvStrings::Rules<_qvString8_evenSize_old<N>,                             \
                                            qvStrings::EvenOldImage8<N>>;                           \
@@ -97,3 +109,4 @@ QV_STRING8_EVEN_OLD_CAPACITIES(QV_EXTERN)
     extern template class _qvString8_UnevenSize_old<N>;
 QV_STRING8_UNEVEN_OLD_CAPACITIES(QV_EXTERN)
 #undef QV_EXTERN
+#endif

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "strings/core/compare.h"
+#include "strings/core/contract.h"
 #include "strings/core/edit.h"
 #include "strings/core/layoutOf.h"
 #include "strings/core/numberText.h"
@@ -11,20 +12,27 @@
 #include <cstring>
 #include <type_traits>
 
+/// What the string classes are built of. Their users need none of its names.
 namespace qvStrings {
 
 /// The members that mean the same in every fixed string, of either width and any image, each rule
-/// written once. `Self` is the public class, `Image` its memory image. Members that only look
-/// alike in both widths are in `Rules8` and `Rules16`.
+/// written once. Members that only look alike in both widths are in `Rules8` and `Rules16`.
 ///
 /// An object holds up to N units of text (N is the capacity of the image; a unit is a `char` or an
 /// `unsigned short`). It never allocates, and is as safe as its bytes: there is no lock. What does
 /// not fit is cut at the end, silently; no member reports a failure.
 ///
-/// Names without a suffix ignore the case of ASCII letters, whatever the locale; every other
-/// unit compares as itself. `CaseSen`, `CaseSens` and `SameCase` are exact. "Terminator" in a
-/// comment means that text[length] = 0 is written; units behind it stay as they were unless the
-/// comment says otherwise.
+/// Names without a suffix ignore the case of ASCII letters, whatever the locale; every other unit
+/// compares as itself. `CaseSen`, `CaseSens` and `SameCase` are exact. "Terminator" in a comment
+/// means that text[length] = 0 is written; units behind it stay as they were unless the comment
+/// says otherwise.
+///
+/// A length above N, which only a damaged record holds, is outside the contract of the members that
+/// go by it. What a call outside a contract does is said and stays as it is, unless the program is
+/// built with QV_CHECKED: then it ends there (`core/contract.h`).
+///
+/// @tparam Self The public class.
+/// @tparam Image Its memory image.
 template <typename Self, typename Image>
 class Rules : public Image
 {
@@ -32,10 +40,13 @@ public:
     /// One unit of the text.
     using Unit = std::remove_extent_t<decltype(Image::text)>;
 
+    /// Copies the whole image, the spare bytes too.
     Rules(Rules const&) = default;
 
     /// Copies the length and all N + 1 units of text, so what stands behind the terminator travels
-    /// too; the spare bytes of the image stay. Self-assignment changes nothing.
+    /// too; the spare bytes of the image stay.
+    /// @param other May be this string: nothing changes.
+    /// @return This string.
     Rules& operator=(Rules const& other)
     {
         std::memmove(this->text, other.text, sizeof this->text);
@@ -54,30 +65,33 @@ public:
     }
 
     /// Zeroes text[length] to text[N], so that two strings of equal text are equal bytes: for a
-    /// block compare or write of a record. A length above N is outside the contract.
+    /// block compare or write of a record. A length above N leaves nothing to zero.
     void clearUnused() { qvStrings::clearUnused(ref()); }
 
     /// Takes the length from the text, after the text was filled in place: the first zero among
     /// text[0] to text[N - 1], else N. Terminator.
-    void calcLength() { qvStrings::calcLength(ref()); }
+    void calcLength() { qvStrings::calcLength(storage()); }
 
-    /// Sets the length: n at or below 0 gives 0, n above N gives N. Terminator. The text stays,
-    /// so a greater length exposes whatever units stand there.
-    void setLength(short const& n) { qvStrings::setLength(ref(), n); }
+    /// Sets the length. Terminator. The text stays, so a greater length exposes whatever units
+    /// stand there.
+    /// @param n Units: at or below 0 gives 0, above N gives N.
+    void setLength(short const& n) { qvStrings::setLength(storage(), n); }
 
-    /// True for a length of 0.
+    /// @return True for a length of 0.
     bool isEmpty() const { return this->length == 0; }
 
-    /// True for a length other than 0.
+    /// @return True for a length other than 0.
     bool hasData() const { return this->length != 0; }
 
-    /// A new string of `n` units `c`, all behind them zero: n below 1 gives the empty string, else
-    /// n modulo 65536 counts, cut at N. Never changes `c`.
+    /// A new string of one unit repeated, all behind the text zero.
+    /// @param c The unit; never changed.
+    /// @param n How many: below 1 gives the empty string, else n modulo 65536, cut at N.
+    /// @return The string.
     static Self createCharString(Unit& c, int const& n)
     {
         Self result;
         if (n >= 1)
-            fill(result.ref(), c, lowCount(n));
+            fill(result.storage(), c, lowCount(n));
         return result;
     }
 
@@ -86,41 +100,48 @@ public:
     /// What does not fit under N is dropped from the end of the new text.
     /// @{
 
-    /// Appends `n` units of `s`, zero units included; n is not reduced modulo 65536. Null and
-    /// n = 0 change nothing at all. Terminator. `s` must hold as many of the n units as fit, and
-    /// may point into this object. A count near 2^32 is clipped like any other.
+    /// Appends units, zero units included. Terminator.
+    /// @param s Holds as many of the n units as fit; may point into this object. Null: no change.
+    /// @param n Not reduced modulo 65536; near 2^32 clipped like any other. 0: no change at all.
     void add(Unit const* s, unsigned int n)
     {
         if (s != nullptr && n != 0)
             append(ref(), s, n);
     }
 
-    /// Appends `other`, whose length is read once: `s.add(s)` doubles the text. An empty `other`
-    /// changes nothing at all. Terminator.
-    void add(Self const& other) { add(other.text, other.length); }
+    /// Appends a string, whose length is read once: `s.add(s)` doubles the text. Terminator.
+    /// @param other An empty one changes nothing at all.
+    void add(Self const& other) { add(other.text, other.used()); }
 
-    /// Appends `other` unit by unit, reading its length afresh on each step. So `s += s` does not
-    /// double s: it repeats the text until the capacity is full. This is intended. Terminator,
-    /// also for an empty `other`.
+    /// Appends a string unit by unit, reading its length afresh on each step. So `s += s` does not
+    /// double s: it repeats the text until the capacity is full. This is intended.
+    /// @param other Text to append; the terminator is written for an empty one too.
+    /// @return This string.
     Self& operator+=(Self const& other)
     {
         appendRepeating(ref(), other.ref());
         return self();
     }
 
-    /// Appends one unit, zero included. A full string stays as it is.
+    /// Appends one unit. A full string stays as it is.
+    /// @param c The unit, also zero.
+    /// @return This string.
     Self& operator+=(Unit const& c)
     {
         appendUnit(ref(), c);
         return self();
     }
 
-    /// A copy with `other` appended, its length read once: `s + s` doubles the text. Not const
-    /// although it changes nothing: callers depend on the signature.
+    /// A copy with a string appended. Not const although it changes nothing: callers depend on the
+    /// signature.
+    /// @param other Text to append, its length read once: `s + s` doubles the text.
+    /// @return The copy.
     Self operator+(Self const& other) { return combined(other); }
 
-    /// A copy with one byte appended as by `operator+=(char const&)`, so sign-extended to a unit.
-    /// Not const although it changes nothing.
+    /// A copy with one byte appended as by `operator+=(char const&)`. Not const although it changes
+    /// nothing.
+    /// @param c The byte, sign-extended to a unit.
+    /// @return The copy.
     Self operator+(char const& c)
     {
         Self result = self();
@@ -128,7 +149,9 @@ public:
         return result;
     }
 
-    /// A copy with `s` appended as by `add(char const*)`, so zero-extended to units.
+    /// A copy with a text appended as by `add(char const*)`.
+    /// @param s Text, zero-extended to units; null adds nothing.
+    /// @return The copy.
     Self combined(char const* s) const
     {
         Self result = self();
@@ -136,16 +159,19 @@ public:
         return result;
     }
 
-    /// A copy with `other` appended, its length read once. Terminator.
+    /// A copy with a string appended. Terminator.
+    /// @param other Text to append, its length read once.
+    /// @return The copy.
     Self combined(Self const& other) const
     {
         Self result = self();
-        append(result.ref(), other.text, other.length);
+        append(result.ref(), other.text, other.used());
         return result;
     }
 
-    /// Appends the number in a field of |width| columns as by `addSpacingC`. No thousands
-    /// separator.
+    /// Appends the number in a field as by `addSpacingC`. No thousands separator.
+    /// @param v The number.
+    /// @param width Columns: negative pads on the left, positive on the right.
     void addNrSpacing(long long const& v, signed char const& width)
     {
         self().addSpacingC(DecimalText(v).text(), width);
@@ -157,43 +183,51 @@ public:
 
     /// Exact equality, in this order: the first unit, which counts for empty strings too, so that
     /// two of them with different stale first units are unequal (intended); the lengths; the text.
+    /// @param other String to compare with.
+    /// @return True when all three are equal.
     bool operator==(Self const& other) const
     {
-        return equalExact(other.text[0], other.text, other.length);
+        return equalExact(other.text[0], other.text, other.used());
     }
 
-    /// The opposite of `operator==`.
+    /// @return The opposite of `operator==`.
+    /// @param other String to compare with.
     bool operator!=(Self const& other) const { return !(*this == other); }
 
-    /// The same as `operator==`.
+    /// @return The same as `operator==`.
+    /// @param other String to compare with.
     bool isEqualSameCase(Self const& other) const { return *this == other; }
 
-    /// True for a length of `n` and the same `n` units. `s` need not be terminated and is not read
-    /// when the lengths differ or `n` is 0; else it must not be null.
+    /// @return True for a length of `n` and the same `n` units.
+    /// @param s Not read when the lengths differ or `n` is 0, else not null. Needs no terminator.
+    /// @param n Units of `s`.
     bool isEqualSameCase(Unit const* s, int n) const
     {
-        return this->length == n && equal<Case::exact>(this->text, s, this->length);
+        return used() == n && equal<Case::exact>(this->text, s, this->length);
     }
 
-    /// True for equal lengths and equal units, ignoring case. Two empty strings are equal
+    /// @return True for equal lengths and equal units, ignoring case. Two empty strings are equal
     /// whatever stands behind their terminators.
-    bool isEqual(Self const& other) const { return isEqual(other.text, other.length); }
+    /// @param other String to compare with.
+    bool isEqual(Self const& other) const { return isEqual(other.text, other.used()); }
 
-    /// True for a length of `n` and the same `n` units, ignoring case. `s` need not be terminated
-    /// and is not read when the lengths differ or `n` is 0; else it must not be null.
+    /// @return True for a length of `n` and the same `n` units, ignoring case.
+    /// @param s Not read when the lengths differ or `n` is 0, else not null. Needs no terminator.
+    /// @param n Units of `s`.
     bool isEqual(Unit const* s, int n) const
     {
-        return this->length == n && equal<Case::folded>(this->text, s, this->length);
+        return used() == n && equal<Case::folded>(this->text, s, this->length);
     }
 
-    /// As `operator==` with the upper fold of this string. `other` is promised to be in upper
-    /// case already: one with a lower-case letter never matches.
+    /// @return As `operator==` with the upper fold of this string.
+    /// @param other In upper case already, as promised: a lower-case letter never matches.
     bool isEqualUpperCaseInput(Self const& other) const
     {
         return equalToInput<Case::upperInput>(other);
     }
 
-    /// The same with lower case.
+    /// @return As `operator==` with the lower fold of this string.
+    /// @param other In lower case already, as promised: an upper-case letter never matches.
     bool isEqualLowerCaseInput(Self const& other) const
     {
         return equalToInput<Case::lowerInput>(other);
@@ -206,6 +240,8 @@ public:
     /// @{
 
     /// Order ignoring case; of a text and its prefix the shorter comes first.
+    /// @param other String to compare with.
+    /// @return Below 0 when this string comes first, 0 when neither does, above 0 else.
     int compare(Self const& other) const
     {
         int const byText = orderFolded<Unit>(this->text, other.text, commonLength(other));
@@ -216,19 +252,24 @@ public:
 
     /// Exact order over the shorter length and nothing more: a text and its prefix give 0
     /// (intended). `operator<` is an order.
+    /// @param other String to compare with.
+    /// @return Below 0 when this string comes first, 0 when neither does, above 0 else.
     int compareSameCase(Self const& other) const
     {
         return order<Unit>(this->text, other.text, commonLength(other));
     }
 
     /// Exact order; of a text and its prefix the shorter is less.
+    /// @param other String to compare with.
+    /// @return True when this string is less.
     bool operator<(Self const& other) const
     {
         int const byText = compareSameCase(other);
         return byText != 0 ? byText < 0 : this->length < other.length;
     }
 
-    /// The mirror of `operator<`.
+    /// @return The mirror of `operator<`.
+    /// @param other String to compare with.
     bool operator>(Self const& other) const
     {
         int const byText = compareSameCase(other);
@@ -240,43 +281,62 @@ public:
     /// Positions count from 0; -1 means not found.
     /// @{
 
-    /// First place of `pattern` at or behind `start`, ignoring case. An empty pattern is found
-    /// nowhere. A start that leaves no room gives -1; a pattern of the text's own length is held
-    /// against the whole text. A negative start is outside the contract and counts as 0.
+    /// Searches from the front, ignoring case. A pattern of the text's own length is held against
+    /// the whole text. A negative start is outside the contract and counts as 0.
+    /// @param pattern An empty one is found nowhere.
+    /// @param start First place that counts; one that leaves no room gives -1.
+    /// @return First place of the pattern at or behind `start`.
     int indexOf(Self const& pattern, int start) const
     {
         return findText<Case::folded>(pattern, start);
     }
 
     /// The same, exact.
+    /// @copydetails indexOf(Self const&, int) const
     int indexOfCaseSen(Self const& pattern, int start) const
     {
         return findText<Case::exact>(pattern, start);
     }
 
-    /// First place of `c`, ignoring case. Only a start inside the text counts: any other starts
-    /// over from 0, also one behind the end.
+    /// @return First place of `c` at or behind `start`, ignoring case.
+    /// @param c Unit to look for.
+    /// @param start Only one inside the text counts: any other, also one behind the end, means 0.
     int indexOf(Unit const& c, int start) const { return findUnit<Case::folded>(ref(), c, start); }
 
-    /// The same, exact.
+    /// @return First place of `c` at or behind `start`, exact.
+    /// @param c Unit to look for.
+    /// @param start As for `indexOf`.
     int indexOfCaseSen(Unit const& c, int start) const
     {
         return findUnit<Case::exact>(ref(), c, start);
     }
 
-    /// Last place of `c` at or before `start`, exact. A start outside the text means its last
-    /// unit.
+    /// @return Last place of `c` at or before `start`, exact.
+    /// @param c Unit to look for.
+    /// @param start One outside the text means its last unit.
     int lastIndexOf(Unit const& c, int start) const { return findLastUnit(ref(), c, start); }
 
-    /// Searches the patterns in turn, ignoring case. One found at position 0 ends the search;
-    /// else the result is the position of the LAST listed pattern that was found, not the
-    /// smallest (intended). `which`, unless null, gets that pattern's number from 0, or -1.
+    /// Searches the patterns in turn, ignoring case. One found at position 0 ends the search; else
+    /// the result is the position of the LAST listed pattern that was found, not the smallest
+    /// (intended).
+    /// @param a First pattern.
+    /// @param b Second pattern.
+    /// @param[out] which Unless null, that pattern's number from 0, or -1.
+    /// @return The position.
     int indexOfFirstOcc(Self const& a, Self const& b, int* which) const
     {
         return findFirstOcc<Unit>(ref(), {a.ref(), b.ref()}, which);
     }
 
     /// The same with six patterns.
+    /// @param a First pattern.
+    /// @param b Second pattern.
+    /// @param c Third pattern.
+    /// @param d Fourth pattern.
+    /// @param e Fifth pattern.
+    /// @param f Sixth pattern.
+    /// @param[out] which As above.
+    /// @return The position.
     int indexOfFirstOcc(Self const& a, Self const& b, Self const& c, Self const& d, Self const& e,
                         Self const& f, int* which) const
     {
@@ -289,17 +349,19 @@ public:
     /// An empty pattern is contained nowhere.
     /// @{
 
-    /// True when the pattern is in the text, ignoring case.
+    /// @return True when the pattern is in the text, ignoring case.
+    /// @param pattern Text to look for.
     bool contains(Self const& pattern) const { return findText<Case::folded>(pattern, 0) >= 0; }
 
-    /// The same, exact.
+    /// @return True when the pattern is in the text, exact.
+    /// @param pattern Text to look for.
     bool containsCaseSen(Self const& pattern) const
     {
         return findText<Case::exact>(pattern, 0) >= 0;
     }
 
-    /// True when the pattern is in the upper fold of the text. The pattern is promised to be in
-    /// upper case already: folded once instead of twice.
+    /// @return True when the pattern is in the upper fold of the text.
+    /// @param pattern In upper case already, as promised: folded once instead of twice.
     bool containsUpperCaseInput(Self const& pattern) const
     {
         return findText<Case::upperInput>(pattern, 0) >= 0;
@@ -310,29 +372,31 @@ public:
     /// An empty text gives false, and so does an empty pattern or one longer than the text.
     /// @{
 
-    /// True when the first unit is `c`, exact in spite of the name.
+    /// @return True when the first unit is `c`, exact in spite of the name.
+    /// @param c Unit to compare with.
     bool startsWith(Unit const& c) const { return this->length != 0 && this->text[0] == c; }
 
-    /// True when the last unit is `c`, exact in spite of the name.
-    bool endsWith(Unit const& c) const
-    {
-        return this->length != 0 && this->text[this->length - 1] == c;
-    }
+    /// @return True when the last unit is `c`, exact in spite of the name.
+    /// @param c Unit to compare with.
+    bool endsWith(Unit const& c) const { return used() != 0 && this->text[this->length - 1] == c; }
 
-    /// True when the text begins with the pattern, ignoring case.
+    /// @return True when the text begins with the pattern, ignoring case.
+    /// @param pattern Text to compare with.
     bool startsWith(Self pattern) const
     {
-        return begins<Case::folded>(pattern.text, pattern.length);
+        return begins<Case::folded>(pattern.text, pattern.used());
     }
 
-    /// The same, exact.
+    /// @return True when the text begins with the pattern, exact.
+    /// @param pattern Text to compare with.
     bool startsWithCaseSen(Self pattern) const
     {
-        return begins<Case::exact>(pattern.text, pattern.length);
+        return begins<Case::exact>(pattern.text, pattern.used());
     }
 
-    /// True when the text ends with the pattern, ignoring case.
-    bool endsWith(Self const& pattern) const { return endsFolded(pattern.text, pattern.length); }
+    /// @return True when the text ends with the pattern, ignoring case.
+    /// @param pattern Text to compare with.
+    bool endsWith(Self const& pattern) const { return endsFolded(pattern.text, pattern.used()); }
 
     /// @}
     /// \name Editing in place
@@ -350,17 +414,21 @@ public:
     /// others. Terminator in every case.
     void trim() { qvStrings::trim(ref()); }
 
-    /// Every unit equal to `a`, ignoring case, becomes `b` as given; the length stays, also for
-    /// b = 0.
+    /// Replaces a unit, ignoring case; the length stays.
+    /// @param a Every unit equal to it is replaced.
+    /// @param b Put in as given, also 0.
+    /// @return This string.
     Self& replace(Unit const& a, Unit const& b)
     {
         replaceUnit(ref(), a, b);
         return self();
     }
 
-    /// Every `from`, searched ignoring case, becomes `to` as it stands. The text put in is stepped
-    /// over. When the text grows past N its tail is cut, and the search goes on over what is
-    /// left. An empty `from` changes nothing.
+    /// Replaces a text, searched ignoring case. The text put in is stepped over. When the text
+    /// grows past N its tail is cut, and the search goes on over what is left.
+    /// @param from Text to replace; an empty one changes nothing.
+    /// @param to Put in as it stands.
+    /// @return This string.
     Self& replace(Self const& from, Self const& to)
     {
         replaceAll<Case::folded>(ref(), from.ref(), to.ref());
@@ -368,14 +436,17 @@ public:
     }
 
     /// The same, searched exactly.
+    /// @copydetails replace(Self const&, Self const&)
     Self& replaceCaseSen(Self const& from, Self const& to)
     {
         replaceAll<Case::exact>(ref(), from.ref(), to.ref());
         return self();
     }
 
-    /// Removes every `pattern`, ignoring case. An occurrence that a gap forms with text before
-    /// it stays: "ab" removed from "aabb" leaves "ab".
+    /// Removes every `pattern`, ignoring case. An occurrence that a gap forms with text before it
+    /// stays: "ab" removed from "aabb" leaves "ab".
+    /// @param pattern An empty one changes nothing.
+    /// @return This string.
     Self& remove(Self const& pattern)
     {
         removeAll<Case::folded>(ref(), pattern.ref());
@@ -383,57 +454,82 @@ public:
     }
 
     /// The same, exact.
+    /// @copydetails remove(Self const&)
     Self& removeCaseSens(Self const& pattern)
     {
         removeAll<Case::exact>(ref(), pattern.ref());
         return self();
     }
 
-    /// Removes every `c`, ignoring case, and returns a copy of the changed string.
+    /// Removes a unit wherever it stands.
+    /// @param c Every unit equal to it, ignoring case, goes.
+    /// @return A copy of the changed string.
     Self remove(Unit const& c)
     {
         removeUnit(ref(), c);
         return self();
     }
 
-    /// Cuts `count` units at `start`; the caller keeps start + count within the length. A range
-    /// beyond the end gives a string of full length N that holds the object's own bytes from
-    /// behind the range and zeros beyond the object.
-    void remove(int const& start, int const& count) { removeRange(ref(), start, count); }
+    /// Cuts units out; the caller keeps start + count within the length. A range beyond the end
+    /// gives a string of full length N that holds the object's own bytes from behind the range and
+    /// zeros beyond the object.
+    /// @param start Place of the first one.
+    /// @param count How many.
+    void remove(int const& start, int const& count)
+    {
+        expect(start >= 0 && count >= 0 && static_cast<long long>(start) + count <= used(),
+               {start, count});
+        removeRange(ref(), start, count);
+    }
 
-    /// Puts `s` in at `pos`, at the end for one beyond it. A negative one is outside the contract
-    /// and gives a string of length N, stale units included. `s.insert(p, s)` puts in the first p
-    /// units.
-    void insert(int const& pos, Self const& s) { qvStrings::insert(ref(), pos, s.ref()); }
+    /// Puts a text in. A negative place is outside the contract and gives a string of length N,
+    /// stale units included.
+    /// @param pos Place of its first unit; beyond the end, the end.
+    /// @param s Text to put in; `s.insert(p, s)` puts in the first p units.
+    void insert(int const& pos, Self const& s)
+    {
+        expect(pos >= 0, {pos});
+        qvStrings::insert(ref(), pos, s.ref());
+    }
 
     /// @}
     /// \name Slices
     /// New strings whose units behind the text are zero, unless they are copies of the receiver.
     /// @{
 
-    /// The first `n` units, at most all of them. A negative n is no "all": it gives length N,
-    /// stale units included (intended).
+    /// The start of the text. A negative n is no "all": it gives length N, stale units included
+    /// (intended).
+    /// @param n Units, at most all of them.
+    /// @return The first `n` units.
     Self left(int n) const
     {
-        int const count = n < this->length ? n : this->length;
+        int const count = n < used() ? n : this->length;
         return mid(0, count);
     }
 
-    /// `count` units from `start`. Neither is held against the length: the result is `count`
-    /// long, at most N, also past the end of the text or ahead of it, and then holds the object's
-    /// own bytes and zeros beyond the object. A negative count gives N.
+    /// Units from anywhere, not held against the length: past the end of the text or ahead of it
+    /// the result holds the object's own bytes and zeros beyond the object. The caller stays inside
+    /// the N + 1 units.
+    /// @param start Place of the first one.
+    /// @param count How many, cut at N; a negative count gives N.
+    /// @return A string of that length.
     Self mid(int const& start, int const& count) const
     {
         Self result;
         unsigned const kept = cutCount(static_cast<unsigned>(count));
-        copyOut<Unit>(ref(), start, kept, result.text);
+        expect(start >= 0 && static_cast<long long>(start) + kept <= capacity() + 1,
+               {start, count});
+        copyOut<Unit>(storage(), start, kept, result.text);
         result.length = static_cast<unsigned short>(kept);
         return result;
     }
 
-    /// The text up to the first `c`, ignoring case, with it or without. Not found: a copy of the
-    /// receiver. Found at position 0 the sense of `withSeparator` turns round (intended): true
-    /// gives the empty string, false the one unit `c` as given.
+    /// The text up to a separator, searched ignoring case. Found at position 0 the sense of
+    /// `withSeparator` turns round (intended): true gives the empty string, false the one unit `c`
+    /// as given.
+    /// @param c The separator. Not found: the result is a copy of the receiver.
+    /// @param withSeparator Whether the result ends with the separator.
+    /// @return The text ahead of the first separator.
     Self left(Unit const& c, bool const& withSeparator) const
     {
         int const at = indexOf(c, 0);
@@ -448,8 +544,10 @@ public:
     }
 
     /// What `left` gives, and the receiver keeps what stands behind the separator, which leaves it
-    /// in either case; nothing behind it sets the length to 0 and changes nothing else. Not
-    /// found: the receiver is cleared.
+    /// in either case; nothing behind it sets the length to 0 and changes nothing else.
+    /// @param c The separator. Not found: the receiver is cleared.
+    /// @param withSeparator As for `left`.
+    /// @return What `left` gives.
     Self leftNCut(Unit const& c, bool const& withSeparator)
     {
         int const at = indexOf(c, 0);
@@ -467,11 +565,60 @@ protected:
     /// For the constructors of `Self`, which write what they promise and keep the rest.
     Rules() = default;
 
-    TextRef<Unit> ref() { return {reinterpret_cast<unsigned char*>(this), layoutOf<Image>()}; }
-    TextRef<Unit const> ref() const
+    /// This object as the core sees it, for members that set the text whatever it was.
+    TextRef<Unit> storage() { return {reinterpret_cast<unsigned char*>(this), layoutOf<Image>()}; }
+    TextRef<Unit const> storage() const
     {
         return {reinterpret_cast<unsigned char const*>(this), layoutOf<Image>()};
     }
+
+    /// The same for members that go by the length.
+    TextRef<Unit> ref(char const* member = __builtin_FUNCTION())
+    {
+        used(member);
+        return storage();
+    }
+    TextRef<Unit const> ref(char const* member = __builtin_FUNCTION()) const
+    {
+        used(member);
+        return storage();
+    }
+
+    /// The length, where the text is reached by it.
+    unsigned short used(char const* member = __builtin_FUNCTION()) const
+    {
+        expectLength(this->length, member);
+        return this->length;
+    }
+
+    /// Ends a checked program when these arguments break the contract of `member`, by default the
+    /// one that calls this. Nothing in the default build.
+    void expect([[maybe_unused]] bool isKept,
+                [[maybe_unused]] std::initializer_list<long long> arguments,
+                [[maybe_unused]] char const* member = __builtin_FUNCTION()) const
+    {
+        if constexpr (isChecked)
+            if (!isKept)
+                contractBroken(member, arguments, this->length, capacity());
+    }
+
+    /// The same for a length that this string has or is about to take.
+    static void expectLength([[maybe_unused]] unsigned length,
+                             [[maybe_unused]] char const* member = __builtin_FUNCTION())
+    {
+        if constexpr (isChecked)
+            if (length > capacity())
+                contractBroken(member, {}, length, capacity());
+    }
+
+    /// The contract of fields that are not held inside the capacity.
+    void expectRoomForField(int width, char const* member = __builtin_FUNCTION()) const
+    {
+        long long const columns = width < 0 ? -static_cast<long long>(width) : width;
+        expect(this->length + columns <= capacity(), {width}, member);
+    }
+
+    static constexpr unsigned capacity() { return layoutOf<Image>().capacity; }
 
     Self& self() { return static_cast<Self&>(*this); }
     Self const& self() const { return static_cast<Self const&>(*this); }
@@ -480,57 +627,56 @@ protected:
     static unsigned lowCount(int count) { return static_cast<unsigned>(count) & 0xFFFFu; }
 
     /// `count`, at most the capacity.
-    static unsigned cutCount(unsigned count)
-    {
-        unsigned const capacity = layoutOf<Image>().capacity;
-        return count < capacity ? count : capacity;
-    }
+    static unsigned cutCount(unsigned count) { return count < capacity() ? count : capacity(); }
 
     /// The equal-first check: first unit, which the caller names because an empty text has one
     /// too, then length, then text.
-    bool equalExact(Unit first, Unit const* s, unsigned n) const
+    bool equalExact(Unit first, Unit const* s, unsigned n,
+                    char const* member = __builtin_FUNCTION()) const
     {
-        return this->text[0] == first && this->length == n && equal<Case::exact>(this->text, s, n);
+        return this->text[0] == first && used(member) == n && equal<Case::exact>(this->text, s, n);
     }
 
     /// One unsigned 16-bit comparison holds a pattern of `n` units against the length: 0 wraps to
     /// 65535 and fails with the patterns that are too long.
-    bool holdsPattern(unsigned n) const
+    bool holdsPattern(unsigned n, char const* member = __builtin_FUNCTION()) const
     {
-        return static_cast<unsigned short>(n - 1) < this->length;
+        return static_cast<unsigned short>(n - 1) < used(member);
     }
 
     template <Case mode>
-    bool begins(Unit const* s, unsigned n) const
+    bool begins(Unit const* s, unsigned n, char const* member = __builtin_FUNCTION()) const
     {
-        return holdsPattern(n) && equal<mode, Unit>(this->text, s, n);
+        return holdsPattern(n, member) && equal<mode, Unit>(this->text, s, n);
     }
 
-    bool endsFolded(Unit const* s, unsigned n) const
+    bool endsFolded(Unit const* s, unsigned n, char const* member = __builtin_FUNCTION()) const
     {
-        return holdsPattern(n) && equal<Case::folded, Unit>(this->text + (this->length - n), s, n);
+        return holdsPattern(n, member) &&
+               equal<Case::folded, Unit>(this->text + (this->length - n), s, n);
     }
 
 private:
-    unsigned commonLength(Self const& other) const
+    unsigned commonLength(Self const& other, char const* member = __builtin_FUNCTION()) const
     {
-        return this->length < other.length ? this->length : other.length;
+        return used(member) < other.used(member) ? this->length : other.length;
     }
 
     /// The equal-first check of the folded receiver. Only units of the text are folded, not the
     /// stale first one of an empty text.
     template <Case mode>
-    bool equalToInput(Self const& other) const
+    bool equalToInput(Self const& other, char const* member = __builtin_FUNCTION()) const
     {
         Unit const first = isEmpty() ? this->text[0] : foldFirst<mode>(this->text[0]);
-        return first == other.text[0] && this->length == other.length &&
+        return first == other.text[0] && used(member) == other.used(member) &&
                equal<mode>(this->text, other.text, this->length);
     }
 
     template <Case mode>
-    int findText(Self const& pattern, int start) const
+    int findText(Self const& pattern, int start, char const* member = __builtin_FUNCTION()) const
     {
-        return find<mode, Unit>(ref(), pattern.text, pattern.length, start);
+        expect(start >= 0, {start}, member);
+        return find<mode, Unit>(ref(member), pattern.text, pattern.used(member), start);
     }
 };
 

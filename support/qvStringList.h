@@ -27,45 +27,58 @@ public:
     /// Empties the list, frees its block and zeroes `charBuffer`.
     void init();
 
-    /// Adds `text`, which may be an element of this list, at the end. With `unique`, nothing
-    /// happens when `find` finds it; `caseSensitive` is for that search only. When memory runs
-    /// out all elements are lost, and `text` is not added.
+    /// Adds an element at the end. When memory runs out all elements are lost, and `text` is not
+    /// added.
+    /// @param text The element; may be one of this list.
+    /// @param unique Whether to do nothing when `find` finds it.
+    /// @param caseSensitive For that search only.
     void append(_qvString<500> const& text, bool const& unique, bool const& caseSensitive);
 
-    /// Puts `text`, which may be an element of this list, at `index`, moving later elements up.
-    /// An index beyond the end appends; a negative one does nothing. Never refuses a duplicate.
-    /// When memory runs out all elements are lost.
+    /// Puts an element in, moving later ones up. Never refuses a duplicate. When memory runs out
+    /// all elements are lost.
+    /// @param index Its place. Beyond the end appends; a negative one does nothing.
+    /// @param text The element; may be one of this list.
     void insert(int const& index, _qvString<500> const& text);
 
-    /// Removes the element at `index`, moving later ones down. Out of range: nothing.
+    /// Removes an element, moving later ones down.
+    /// @param index Its place. Out of range: nothing.
     void removeAt(int const& index);
 
-    /// Position of the first element equal to `text`, or -1: by `operator==`, to which an empty
-    /// element with a stale first unit is not an empty text, or by `isEqual`.
+    /// Searches by `operator==`, to which an empty element with a stale first unit is not an empty
+    /// text, or by `isEqual`.
+    /// @param text What an element must equal.
+    /// @param caseSensitive Whether by `operator==`.
+    /// @return Position of the first such element, or -1.
     int find(_qvString<500> const& text, bool const& caseSensitive);
 
-    /// Position of the first element that contains `text`, or -1; an empty one is contained
-    /// nowhere.
+    /// Searches for an element that contains a text.
+    /// @param text What it must contain; an empty one is contained nowhere.
+    /// @param caseSensitive Whether exactly.
+    /// @return Position of the first such element, or -1.
     int findContains(_qvString<500> const& text, bool const& caseSensitive);
 
-    /// The element at `index`; out of range, the first slot, a stale one in a list emptied by
+    /// @return The element; out of range, the first slot, a stale one in a list emptied by
     /// `removeAt`. A list that never held an element has none: look at `count` first.
+    /// @param index Position from 0.
     _qvString<500> const& at(int const& index) const;
 
-    /// The low bytes of the element at `index`, at most 499, zero-terminated, in `charBuffer`: they
-    /// hold until the next call. Out of range, the first slot's. Look at `count` first.
+    /// An element as a C text, in `charBuffer`: it holds until the next call. Look at `count`
+    /// first.
+    /// @param index Position from 0. Out of range, the first slot.
+    /// @return The low bytes of the element, at most 499, zero-terminated.
     char const* atAsChar(int const& index) const;
 
     /// Sorts by `compare`, so ignoring case, by stored bytes; stable in both directions. Quadratic.
+    /// @param descending Whether the last comes first.
     void sort(bool const& descending);
 
-    /// Becomes a copy of `other`, which must not be this list. Leaves `charBuffer`. Ends the
-    /// process when memory runs out.
+    /// Becomes a copy of a list. Leaves `charBuffer`. Ends the process when memory runs out.
+    /// @param other The list; not this one.
     void copyFrom(_qvStringList const& other);
 
-    /// All elements in one line, each between single quotes and followed by a blank, cut at 1000
-    /// characters without a mark. Of an element the low bytes up to its first zero unit count. Not
-    /// const although it changes nothing.
+    /// All elements in one line, each between single quotes and followed by a blank. Of an element
+    /// the low bytes up to its first zero unit count. Not const although it changes nothing.
+    /// @return The line, cut at 1000 characters without a mark.
     _qvString8_allSize<1000> asString8();
 
     _qvString<500>* items;        ///< Start of the block; null until the first `append`.
