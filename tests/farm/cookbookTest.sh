@@ -30,12 +30,12 @@ for link in "${links[@]}"; do
     file=${file:+../../docs/$file}
     file=${file:-$cookbook}
     [[ -e $file ]] || wrong "leads to no file: $link"
-    [[ $link != *#* ]] || anchors "$file" | grep -qxF -- "${link#*#}" ||
+    [[ $link != *#* ]] || grep -qxF -- "${link#*#}" <<<"$(anchors "$file")" ||
         wrong "leads to no heading: $link"
 done
 # The table of contents has every heading.
 mapfile -t headings < <(anchors "$cookbook" | tail -n +2)
 for heading in "${headings[@]}"; do
-    printf '%s\n' "${links[@]}" | grep -qxF -- "#$heading" || wrong "not in the contents: $heading"
+    [[ " ${links[*]} " == *" #$heading "* ]] || wrong "not in the contents: $heading"
 done
 exit "$failed"
