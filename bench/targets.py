@@ -32,6 +32,8 @@ TARGETS = [
     (r"construct16/(word|line)/2500", "memset", 1.2),
     (r"copy16/.*/2500", "memcpy", 1.2),
     (r"numberToText(16)?/.*", "snprintf", 0.3),
+    # Checks that are left out cost nothing; the rest is noise.
+    (r"contract/.*", "core", 1.1),
     (r"crc(32|64)/.*/4096", "plainLoop", 1 / 1.2),
     (r"crc16/.*/4096", "plainLoop", 1 / 1.25),
 ]

@@ -1,8 +1,19 @@
-# The sanitizers watch the product: the library, the tool, the examples. The tests call it from
-# outside, and compiling their many small instantiations with checks would double the build.
+# What watches the product: the library, the tool, the examples. The tests call it from outside, and
+# compiling their many small instantiations with checks would double the build; so they are the
+# same objects under every preset of a compiler. The memory sanitizer alone has to see them too:
+# tests/memory/instrument.cmake.
 add_library(qv_sanitizers INTERFACE)
 if(QV_SANITIZE)
     target_compile_options(qv_sanitizers INTERFACE
         -fsanitize=${QV_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -g1)
     add_link_options(-fsanitize=${QV_SANITIZE})
+endif()
+if(QV_SANITIZE STREQUAL "memory")
+    # Where the bytes were left unwritten; and a call's arguments and result are judged at the call.
+    target_compile_options(qv_sanitizers INTERFACE
+        -fsanitize-memory-track-origins=1 -fsanitize-memory-param-retval)
+endif()
+if(QV_COVERAGE)
+    target_compile_options(qv_sanitizers INTERFACE -O0 --coverage -fprofile-update=atomic)
+    add_link_options(--coverage)
 endif()

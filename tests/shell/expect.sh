@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# Sourced by the tests of this folder.
+# Sourced by the shell tests.
 
 failures=0
 checks=0

@@ -1,0 +1,67 @@
+# What `cmake --install` lays down, in two components: tool for the nodes, dev for programs that use
+# the library. Nothing in it knows where it lies, so the whole can be moved.
+set(share ${CMAKE_INSTALL_DATAROOTDIR})
+set(toolDocs ${share}/doc/qvnodedispatch)
+set(devDocs ${share}/doc/libqv-dev)
+set(qvHeaders ${CMAKE_INSTALL_INCLUDEDIR}/qv)
+set(qvPackage ${CMAKE_INSTALL_LIBDIR}/cmake/qv)
+set(pkgConfig ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+# The tool, and what goes with it in a shell.
+install(TARGETS qvNodeDispatch mailboxView RUNTIME COMPONENT tool)
+install(PROGRAMS sender/qvNodeDispatchStatus TYPE BIN COMPONENT tool)
+install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tool
+    FILES_MATCHING PATTERN "*.1")
+foreach(command IN ITEMS qvNodeDispatch qvNodeDispatchStatus) # both shells look for a file so named
+    install(FILES completion/qvNodeDispatch.bash RENAME ${command}
+        DESTINATION ${share}/bash-completion/completions COMPONENT tool)
+    install(FILES completion/qvNodeDispatch.fish RENAME ${command}.fish
+        DESTINATION ${share}/fish/vendor_completions.d COMPONENT tool)
+endforeach()
+install(FILES completion/_qvNodeDispatch DESTINATION ${share}/zsh/site-functions COMPONENT tool)
+
+# The library. Left out are headers that only its own sources include.
+install(TARGETS qv EXPORT qv ARCHIVE COMPONENT dev)
+install(DIRECTORY segment strings support DESTINATION ${qvHeaders} COMPONENT dev
+    FILES_MATCHING PATTERN "*.h"
+    PATTERN applicationPath.h EXCLUDE
+    PATTERN executablePath.h EXCLUDE
+    PATTERN lanes.h EXCLUDE
+    PATTERN systemErrorText.h EXCLUDE)
+install(FILES sender/qvClientCommandName.h sender/qvClientMailbox.h sender/qv_AppType.h
+    DESTINATION ${qvHeaders}/sender COMPONENT dev)
+install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT dev
+    FILES_MATCHING PATTERN "*.3")
+install(DIRECTORY debugger DESTINATION ${share}/qv COMPONENT dev PATTERN __pycache__ EXCLUDE)
+
+# find_package(qv) and pkg-config.
+include(CMakePackageConfigHelpers)
+install(EXPORT qv NAMESPACE qv:: FILE qvTargets.cmake DESTINATION ${qvPackage} COMPONENT dev)
+configure_package_config_file(cmake/qvConfig.cmake.in ${PROJECT_BINARY_DIR}/qvConfig.cmake
+    INSTALL_DESTINATION ${qvPackage} NO_SET_AND_CHECK_MACRO)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/qvConfigVersion.cmake
+    COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/qvConfig.cmake ${PROJECT_BINARY_DIR}/qvConfigVersion.cmake
+    DESTINATION ${qvPackage} COMPONENT dev)
+set(prefix /prefix)
+cmake_path(RELATIVE_PATH prefix BASE_DIRECTORY /prefix/${pkgConfig}
+    OUTPUT_VARIABLE fromPkgConfigToPrefix)
+if(QV_CHECKED)
+    set(qvCheckedFlag " -DQV_CHECKED")
+endif()
+if(APPLE)
+    set(qvSystemLibraries " -framework CoreFoundation")
+endif()
+configure_file(cmake/qv.pc.in qv.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/qv.pc DESTINATION ${pkgConfig} COMPONENT dev)
+
+# The documents lie to each other as in the tree, so that their links hold.
+install(FILES docs/cookbook.md docs/mailbox.md docs/mailbox.svg DESTINATION ${toolDocs}/docs
+    COMPONENT tool)
+install(DIRECTORY contrib DESTINATION ${toolDocs} COMPONENT tool
+    PATTERN "*.sh" PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE
+        WORLD_READ WORLD_EXECUTE)
+file(GLOB drawings CONFIGURE_DEPENDS docs/image*.svg)
+install(FILES docs/memory-images.md ${drawings} DESTINATION ${devDocs}/docs COMPONENT dev)
+install(FILES README.md packaging/copyright DESTINATION ${toolDocs} COMPONENT tool)
+install(FILES README.md packaging/copyright DESTINATION ${devDocs} COMPONENT dev)

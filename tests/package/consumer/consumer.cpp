@@ -1,0 +1,15 @@
+#include "segment/qvSharedMemory.h"
+#include "sender/qvClientCommandName.h"
+#include "support/qvStringList.h"
+
+#include <cstdio>
+
+// Something of each room. Naming a segment calls nothing in the system.
+int main()
+{
+    qvSharedMemory const shared("consumer");
+    _qvStringList nodes;
+    nodes.append("render07", true, false);
+    std::printf("%s %s%s\n", shared.name.asChar(), nodes.asString8().asChar(),
+                qvC::qvClientCommandName(1).asChar());
+}

@@ -1,0 +1,64 @@
+#!/usr/bin/env bash
+# What is installed works from where it lies: the tool and its script, the manual pages, the links
+# of the documents, the headers, and programs that find the library by CMake or by pkg-config.
+#
+#     installedTree.sh PREFIX VERSION
+set -euo pipefail
+here=$(dirname "${BASH_SOURCE[0]}")
+# shellcheck source-path=SCRIPTDIR source=../shell/expect.sh
+source "$here/../shell/expect.sh"
+isolate "$@"
+need g++ g++
+need clang++ clang
+need cmake cmake
+need pkg-config pkg-config
+need man man-db
+prefix=$(realpath "$1")
+version=$2
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+
+# The script has to find the tool beside it, as no other one is in PATH.
+expect 'the tool lists its commands' yes \
+    "$("$prefix/bin/qvNodeDispatch" | grep -q RestartMachineAfterRender && echo yes)"
+expect 'the script tells what the tool says' noSegment \
+    "$("$prefix/bin/qvNodeDispatchStatus" --json abort | sed -E 's/.*"outcome": "(\w+)".*/\1/')"
+expect 'the view finds no client' 'no segment' \
+    "$("$prefix/bin/mailboxView" | grep -o 'no segment' | head -n 1)"
+
+pages=("$prefix"/share/man/man*/*)
+expect 'there are manual pages' yes "$([[ -f ${pages[0]} ]] && echo yes)"
+for page in "${pages[@]}"; do
+    name=$(basename "${page%.gz}")
+    expect "man finds $name" "$page" "$(man -M "$prefix/share/man" -w "${name##*.}" "${name%.*}")"
+done
+
+# README.md points at the sources too.
+while IFS=: read -r document link; do
+    expect "the link in $document" there \
+        "$([[ -e $(dirname "$document")/$link ]] && echo there || echo "$link is missing")"
+done < <(grep -roP '\]\(\K[^)#:]+(?=[)#])' "$prefix"/share/doc/*/docs --include='*.md')
+
+# A header that another one needs and that is not installed shows here.
+export PKG_CONFIG_LIBDIR=$prefix/lib/pkgconfig
+read -ra compile < <(pkg-config --cflags qv)
+read -ra link < <(pkg-config --libs qv)
+(cd "$prefix/include/qv" && find . -name '*.h' -printf '#include "%P"\n') >"$scratch/all.cpp"
+warnings=(-Wall -Wextra -Wpedantic -Werror)
+g++ -std=c++20 "${warnings[@]}" "${compile[@]}" -fsyntax-only "$scratch/all.cpp"
+
+expect 'the version of pkg-config' "$version" "$(pkg-config --modversion qv)"
+said="QV_consumer_1234567 'render07' Abort"
+for compiler in g++ clang++; do
+    "$compiler" -std=c++20 "${warnings[@]}" "${compile[@]}" "$here/consumer/consumer.cpp" \
+        "${link[@]}" -o "$scratch/byPkgConfig"
+    expect "$compiler, by pkg-config" "$said" "$("$scratch/byPkgConfig")"
+
+    cmake -S "$here/consumer" -B "$scratch/$compiler" -DCMAKE_CXX_COMPILER="$compiler" \
+        -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_FIND_USE_CMAKE_SYSTEM_PATH=OFF \
+        -DQV_VERSION="$version" >"$scratch/log" || cat "$scratch/log"
+    cmake --build "$scratch/$compiler" >"$scratch/log" || cat "$scratch/log"
+    expect "$compiler, by find_package" "$said" "$("$scratch/$compiler/consumer")"
+done
+
+finish
