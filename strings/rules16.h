@@ -336,11 +336,9 @@ public:
     {
         this->expectRoomForField(width);
         unsigned const count = s == nullptr ? 0u : qvCharLen(s);
-        appendField<Field::unbounded>(this->ref(), count, width,
-                                      [s](unsigned short* at, unsigned kept) {
-                                          for (unsigned i = 0; i < kept; ++i)
-                                              at[i] = s[i] & 0xFF;
-                                      });
+        appendField<Field::unbounded>(
+            this->ref(), count, width,
+            [s](unsigned short* at, unsigned kept) { keepLowBytes(s, kept, at); });
     }
 
     /// @}

@@ -198,10 +198,8 @@ private:
     void addField(char const* s, int width, char const* member = __builtin_FUNCTION())
     {
         unsigned const count = s == nullptr ? 0 : shortLength(s);
-        appendField<kind>(this->ref(member), count, width, [s](char* at, unsigned kept) {
-            if (kept != 0)
-                std::memmove(at, s, kept);
-        });
+        appendField<kind>(this->ref(member), count, width,
+                          [s](char* at, unsigned kept) { moveUnits(s, kept, at); });
     }
 };
 

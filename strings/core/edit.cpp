@@ -21,28 +21,6 @@ void moveEnds(unsigned char* target, unsigned char const* source, std::size_t co
     std::memcpy(target + count - size, &tail, size);
 }
 
-/// Moves units; the ranges may overlap. A count of 0 accepts any pointers. Most texts are words:
-/// for those a call of memmove would cost more than the move.
-template <typename Unit>
-void moveUnits(Unit* targetUnits, Unit const* sourceUnits, unsigned units)
-{
-    auto* const target = reinterpret_cast<unsigned char*>(targetUnits);
-    auto const* const source = reinterpret_cast<unsigned char const*>(sourceUnits);
-    std::size_t const count = units * sizeof(Unit);
-    if (count > 32)
-        std::memmove(target, source, count);
-    else if (count >= 16)
-        moveEnds<16>(target, source, count);
-    else if (count >= 8)
-        moveEnds<8>(target, source, count);
-    else if (count >= 4)
-        moveEnds<4>(target, source, count);
-    else if (count >= 2)
-        moveEnds<2>(target, source, count);
-    else if (count == 1)
-        *target = *source;
-}
-
 /// Zeroes `size` bytes at either end of a run of at least `size` and at most twice as many.
 template <std::size_t size>
 void zeroEnds(unsigned char* target, std::size_t count)
@@ -51,7 +29,7 @@ void zeroEnds(unsigned char* target, std::size_t count)
     std::memset(target + count - size, 0, size);
 }
 
-/// Zeroes units, short runs without a call as `moveUnits` does.
+/// Zeroes units; short runs are zeroed in place, as `moveUnits` does.
 template <typename Unit>
 void zeroUnits(Unit* targetUnits, unsigned units)
 {
@@ -68,6 +46,26 @@ void zeroUnits(Unit* targetUnits, unsigned units)
 } // namespace
 
 template <typename Unit>
+void moveUnits(Unit const* sourceUnits, unsigned units, Unit* targetUnits)
+{
+    auto const* const source = reinterpret_cast<unsigned char const*>(sourceUnits);
+    auto* const target = reinterpret_cast<unsigned char*>(targetUnits);
+    std::size_t const count = units * sizeof(Unit);
+    if (count > 32)
+        std::memmove(target, source, count);
+    else if (count >= 16)
+        moveEnds<16>(target, source, count);
+    else if (count >= 8)
+        moveEnds<8>(target, source, count);
+    else if (count >= 4)
+        moveEnds<4>(target, source, count);
+    else if (count >= 2)
+        moveEnds<2>(target, source, count);
+    else if (count == 1)
+        *target = *source;
+}
+
+template <typename Unit>
 void assign(TextRef<Unit> self, Unit const* source, unsigned count)
 {
     assignUnclipped(self, source, std::min(count, self.capacity()));
@@ -77,7 +75,7 @@ template <typename Unit>
 void assignCleared(TextRef<Unit> self, Unit const* source, unsigned count)
 {
     unsigned const kept = std::min(count, self.capacity());
-    moveUnits(self.text(), source, kept);
+    moveUnits(source, kept, self.text());
     zeroUnits(self.text() + kept, self.capacity() + 1 - kept);
     self.storeLength(kept);
 }
@@ -85,7 +83,7 @@ void assignCleared(TextRef<Unit> self, Unit const* source, unsigned count)
 template <typename Unit>
 void assignUnclipped(TextRef<Unit> self, Unit const* source, unsigned count)
 {
-    moveUnits(self.text(), source, count);
+    moveUnits(source, count, self.text());
     self.endAt(count);
 }
 
@@ -94,7 +92,7 @@ void append(TextRef<Unit> self, Unit const* source, unsigned count)
 {
     unsigned const kept = std::min(count, self.room());
     unsigned const length = self.length();
-    moveUnits(self.text() + length, source, kept);
+    moveUnits(source, kept, self.text() + length);
     self.endAt(length + kept);
 }
 
@@ -132,7 +130,7 @@ void rebuild(TextRef<Unit> self, unsigned head, Unit const* middle, unsigned mid
     unsigned const tailKept = std::min(tailCount, capacity - tailAt);
     // The tail leaves before the middle may overwrite it; the head stands already.
     copyOut<Unit>(self, tailFrom, tailKept, self.text() + tailAt);
-    moveUnits(self.text() + headKept, middle, middleKept);
+    moveUnits(middle, middleKept, self.text() + headKept);
     unsigned const length = tailAt + tailKept;
     self.storeLength(length);
     if (length != 0)
@@ -181,6 +179,7 @@ void clearUnused(TextRef<Unit> self)
 }
 
 #define QV_INSTANTIATE(Unit)                                                                       \
+    template void moveUnits(Unit const*, unsigned, Unit*);                                         \
     template void assign(TextRef<Unit>, Unit const*, unsigned);                                    \
     template void assignCleared(TextRef<Unit>, Unit const*, unsigned);                             \
     template void assignUnclipped(TextRef<Unit>, Unit const*, unsigned);                           \

@@ -11,6 +11,11 @@
 
 namespace qvStrings {
 
+/// Moves `count` units; the ranges may overlap, and a count of 0 accepts any pointers. Most texts
+/// are words: for those a call of memmove would cost more than the move.
+template <typename Unit>
+void moveUnits(Unit const* source, unsigned count, Unit* target);
+
 /// The text becomes the first min(count, capacity) units of `source`, which may lie inside the
 /// object. Terminator. Units behind it stay.
 template <typename Unit>

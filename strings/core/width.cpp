@@ -33,6 +33,12 @@ void widenZero(char const* bytes, unsigned count, unsigned short* target)
                    [](char byte) { return widen(byte, Extension::zero); });
 }
 
+void keepLowBytes(unsigned short const* units, unsigned count, unsigned short* target)
+{
+    std::transform(units, units + count, target,
+                   [](unsigned short unit) { return static_cast<unsigned short>(unit & 0xFF); });
+}
+
 void narrow(unsigned short const* units, unsigned count, char* target)
 {
     std::transform(units, units + count, target,

@@ -33,6 +33,9 @@ void appendWidened(TextRef<unsigned short> self, char const* bytes, unsigned cou
 /// Writes `count` bytes as units, zero-extended.
 void widenZero(char const* bytes, unsigned count, unsigned short* target);
 
+/// Writes `count` units without their high bytes.
+void keepLowBytes(unsigned short const* units, unsigned count, unsigned short* target);
+
 /// Writes the low bytes of `count` units.
 void narrow(unsigned short const* units, unsigned count, char* target);
 

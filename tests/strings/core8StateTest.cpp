@@ -16,6 +16,17 @@ protected:
 };
 TYPED_TEST_SUITE(Core8State, MainStrings8, CapacityName);
 
+// Both names of the text are the array itself, also of a constant.
+TYPED_TEST(Core8State, TextIsReachedByEitherName)
+{
+    this->string.lay("abc", 0x33);
+    TypeParam const& constant = *this->string;
+    EXPECT_EQ(this->string->asChar(), constant.text);
+    EXPECT_EQ(this->string->toChar(), constant.text);
+    EXPECT_EQ(constant.asChar(), constant.text);
+    EXPECT_EQ(constant.toChar(), constant.text);
+}
+
 TYPED_TEST(Core8State, ClearLeavesThePadAlone)
 {
     this->string.lay("abc", 0x33);

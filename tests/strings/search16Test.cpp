@@ -52,6 +52,9 @@ constexpr IndexRow indexRows[] = {
     // There the start is not looked at.
     {u"abc", u"abc", -5, 0, 0},
     {u"abc", u"abc", INT_MIN, 0, 0},
+    // A longer one is found nowhere, though a start below 0 leaves room for it.
+    {u"abc", u"abcd", -1, -1, -1},
+    {u"abc", u"abcd", INT_MIN, -1, -1},
     // A start at or behind the end does not restart.
     {u"abc", u"a", 100, -1, -1},
     {u"abc", u"a", 65536, -1, -1},

@@ -51,6 +51,9 @@ constexpr PatternRow patternRows[] = {
     {"abc", "abc", -1, 0, 0},
     {"abc", "ABC", -7, 0, -1},
     {"abc", "abc", INT_MIN, 0, 0},
+    // A longer one is found nowhere, though a start below 0 leaves room for it.
+    {"abc", "abcd", -1, -1, -1},
+    {"abc", "abcd", INT_MIN, -1, -1},
     {"abc", "abc", INT_MAX, -1, -1},
     // An empty pattern is found nowhere.
     {"abc", "", 0, -1, -1},
