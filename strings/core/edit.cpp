@@ -31,38 +31,38 @@ void zeroEnds(unsigned char* target, std::size_t count)
 
 /// Zeroes units; short runs are zeroed in place, as `moveUnits` does.
 template <typename Unit>
-void zeroUnits(Unit* targetUnits, unsigned units)
+void zeroUnits(Unit* target, unsigned count)
 {
-    auto* const target = reinterpret_cast<unsigned char*>(targetUnits);
-    std::size_t const count = units * sizeof(Unit);
-    if (count > 64 || count < 16)
-        std::memset(target, 0, count);
-    else if (count >= 32)
-        zeroEnds<32>(target, count);
+    auto* const to = reinterpret_cast<unsigned char*>(target);
+    std::size_t const bytes = count * sizeof(Unit);
+    if (bytes > 64 || bytes < 16)
+        std::memset(to, 0, bytes);
+    else if (bytes >= 32)
+        zeroEnds<32>(to, bytes);
     else
-        zeroEnds<16>(target, count);
+        zeroEnds<16>(to, bytes);
 }
 
 } // namespace
 
 template <typename Unit>
-void moveUnits(Unit const* sourceUnits, unsigned units, Unit* targetUnits)
+void moveUnits(Unit const* source, unsigned count, Unit* target)
 {
-    auto const* const source = reinterpret_cast<unsigned char const*>(sourceUnits);
-    auto* const target = reinterpret_cast<unsigned char*>(targetUnits);
-    std::size_t const count = units * sizeof(Unit);
-    if (count > 32)
-        std::memmove(target, source, count);
-    else if (count >= 16)
-        moveEnds<16>(target, source, count);
-    else if (count >= 8)
-        moveEnds<8>(target, source, count);
-    else if (count >= 4)
-        moveEnds<4>(target, source, count);
-    else if (count >= 2)
-        moveEnds<2>(target, source, count);
-    else if (count == 1)
-        *target = *source;
+    auto const* const from = reinterpret_cast<unsigned char const*>(source);
+    auto* const to = reinterpret_cast<unsigned char*>(target);
+    std::size_t const bytes = count * sizeof(Unit);
+    if (bytes > 32)
+        std::memmove(to, from, bytes);
+    else if (bytes >= 16)
+        moveEnds<16>(to, from, bytes);
+    else if (bytes >= 8)
+        moveEnds<8>(to, from, bytes);
+    else if (bytes >= 4)
+        moveEnds<4>(to, from, bytes);
+    else if (bytes >= 2)
+        moveEnds<2>(to, from, bytes);
+    else if (bytes == 1)
+        *to = *from;
 }
 
 template <typename Unit>
