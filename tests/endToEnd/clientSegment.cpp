@@ -21,7 +21,7 @@ std::size_t const messageCountPlace = 2001;
 
 struct Order
 {
-    char kind;
+    std::uint64_t kind; // a letter; all of an order is sent, so it has no padding
     std::uint64_t first;
     std::uint64_t second;
 };
@@ -297,7 +297,7 @@ void ClientHolder::receive(void* data, std::size_t size)
 
 void ClientHolder::order(char kind, std::uint64_t first, std::uint64_t second)
 {
-    Order const given{kind, first, second};
+    Order const given{static_cast<unsigned char>(kind), first, second};
     send(&given, sizeof given);
     std::uint64_t failure = 0;
     receive(&failure, sizeof failure);

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdio>
-#include <filesystem>
+#include <dirent.h>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -11,18 +11,21 @@ extern "C" int LLVMFuzzerTestOneInput(unsigned char const* data, std::size_t siz
 
 namespace {
 
-std::vector<std::filesystem::path> inputsIn(std::filesystem::path const& directory)
+std::vector<std::string> inputsIn(std::string const& directory)
 {
-    std::vector<std::filesystem::path> inputs;
-    std::error_code error;
-    for (auto const& entry : std::filesystem::directory_iterator(directory, error))
-        if (entry.is_regular_file())
-            inputs.push_back(entry.path());
+    std::vector<std::string> inputs;
+    DIR* const entries = opendir(directory.c_str());
+    if (entries == nullptr)
+        return inputs;
+    while (dirent const* const entry = readdir(entries))
+        if (entry->d_name[0] != '.')
+            inputs.push_back(directory + "/" + entry->d_name);
+    closedir(entries);
     std::sort(inputs.begin(), inputs.end());
     return inputs;
 }
 
-std::string contentOf(std::filesystem::path const& input)
+std::string contentOf(std::string const& input)
 {
     std::ifstream file(input, std::ios::binary);
     return std::string(std::istreambuf_iterator<char>(file), {});
@@ -36,12 +39,12 @@ int main(int argc, char** argv)
 {
     std::size_t replayed = 0;
     for (int i = 1; i < argc; ++i) {
-        std::vector<std::filesystem::path> const inputs = inputsIn(argv[i]);
+        std::vector<std::string> const inputs = inputsIn(argv[i]);
         if (inputs.empty()) {
             std::fprintf(stderr, "%s: no inputs\n", argv[i]);
             return 1;
         }
-        for (std::filesystem::path const& input : inputs) {
+        for (std::string const& input : inputs) {
             // Named beforehand, since a failing target ends the process.
             std::printf("%s\n", input.c_str());
             std::fflush(stdout);

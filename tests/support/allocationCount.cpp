@@ -16,9 +16,17 @@ extern "C" {
 void* __real_malloc(std::size_t size);
 void* __real_calloc(std::size_t number, std::size_t size);
 void* __real_realloc(void* block, std::size_t size);
+void* __real__Znwm(std::size_t size);
+void* __real__Znam(std::size_t size);
+void* __real__ZnwmRKSt9nothrow_t(std::size_t size, std::nothrow_t const& tag);
+void* __real__ZnamRKSt9nothrow_t(std::size_t size, std::nothrow_t const& tag);
 void* __wrap_malloc(std::size_t size);
 void* __wrap_calloc(std::size_t number, std::size_t size);
 void* __wrap_realloc(void* block, std::size_t size);
+void* __wrap__Znwm(std::size_t size);
+void* __wrap__Znam(std::size_t size);
+void* __wrap__ZnwmRKSt9nothrow_t(std::size_t size, std::nothrow_t const& tag);
+void* __wrap__ZnamRKSt9nothrow_t(std::size_t size, std::nothrow_t const& tag);
 
 void* __wrap_malloc(std::size_t size)
 {
@@ -37,28 +45,33 @@ void* __wrap_realloc(void* block, std::size_t size)
     ++count;
     return __real_realloc(block, size);
 }
+
+void* __wrap__Znwm(std::size_t size)
+{
+    ++count;
+    return __real__Znwm(size);
+}
+
+void* __wrap__Znam(std::size_t size)
+{
+    ++count;
+    return __real__Znam(size);
+}
+
+void* __wrap__ZnwmRKSt9nothrow_t(std::size_t size, std::nothrow_t const& tag)
+{
+    ++count;
+    return __real__ZnwmRKSt9nothrow_t(size, tag);
+}
+
+void* __wrap__ZnamRKSt9nothrow_t(std::size_t size, std::nothrow_t const& tag)
+{
+    ++count;
+    return __real__ZnamRKSt9nothrow_t(size, tag);
+}
 // NOLINTEND(bugprone-reserved-identifier)
 
 } // extern "C"
-
-// The array forms and those that do not throw come here as well.
-void* operator new(std::size_t size)
-{
-    void* const block = std::malloc(size == 0 ? 1 : size);
-    if (block == nullptr)
-        throw std::bad_alloc();
-    return block;
-}
-
-void operator delete(void* block) noexcept
-{
-    std::free(block);
-}
-
-void operator delete(void* block, std::size_t) noexcept
-{
-    std::free(block);
-}
 
 namespace qvTest {
 

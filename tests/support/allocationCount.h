@@ -1,7 +1,7 @@
 #pragma once
 
-// Counts what the program allocates, by malloc, calloc, realloc (linked with --wrap) and operator
-// new: for code that promises to do without.
+// Counts what the program allocates, by malloc, calloc, realloc and operator new (all linked with
+// --wrap): for code that promises to do without.
 
 #include <cstddef>
 
