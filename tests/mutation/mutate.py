@@ -18,7 +18,7 @@ import time
 
 import survivors
 from build import Build
-from programs import Builder, ROOT
+from programs import Builder, CAPACITIES, ROOT
 from trial import Bench, Image
 
 LEAST_PERCENT = 95
@@ -60,6 +60,15 @@ def measure(program, image, mutants, folder):
     reached = reachedMap.read_bytes()
     program.reached = {mutant.number for mutant in mutants if reached[mutant.number]}
     shutil.rmtree(bench.folder)
+
+
+def withoutIdle(mutants, programs):
+    """Without the functions of template copies that no program comes by: the compiler wrote them
+    out because a class is instantiated whole, and put what they do into their callers."""
+    reached = set().union(*(program.reached for program in programs))
+    running = {mutant.symbol for mutant in mutants if mutant.number in reached}
+    return [mutant for mutant in mutants
+            if mutant.source not in CAPACITIES or mutant.symbol in running]
 
 
 def doubtful(mutants, explanations):
@@ -189,6 +198,7 @@ def main():
         # What the linker left out is a second copy, or a function that nobody calls.
         mutants = [mutant for mutant in builder.mutants if options.source in mutant.source
                    and any(image.holds(mutant) for image in images.values())]
+        mutants = withoutIdle(mutants, programs)
         if options.sample is not None:
             mutants = sample(mutants, options.sample)
         functions = byFunction(mutants if options.all else doubtful(mutants, explanations))

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <new>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -118,6 +119,17 @@ TYPED_TEST(Narrow16, clearsTheTargetWhereverItIsBuilt)
     std::memset(storage, staleByte, sizeof storage);
     auto* const large = ::new (storage) String8<500>(source->to_qvString8_500());
     EXPECT_TRUE(isNarrow<500>(*large, 3, "abc"));
+}
+
+// The whole image of the target is zero behind its text, the spare byte too, whatever lay there.
+TEST(NarrowExamples16, theSpareByteIsZero)
+{
+    Laid<_qvString<250>> source(letters(3));
+    alignas(_qvString8_allSize<500>) unsigned char storage[sizeof(_qvString8_allSize<500>)];
+    std::memset(storage, 0xAA, sizeof storage);
+    EXPECT_EQ((::new (storage) _qvString8_allSize<250>(source->to_qvString8_250()))->pad, 0);
+    std::memset(storage, 0xAA, sizeof storage);
+    EXPECT_EQ((::new (storage) _qvString8_allSize<500>(source->to_qvString8_500()))->pad, 0);
 }
 
 TEST(NarrowExamples16, fullTextsOfTheTargetsCapacity)
