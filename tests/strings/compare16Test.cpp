@@ -207,6 +207,20 @@ TYPED_TEST(Compare16, equalityWithRawUnitsLooksAtTheFirstHalf)
     EXPECT_FALSE(*laid == nullUnits);
 }
 
+// Behind the shorter text nothing counts, not even where the longer one goes on like a terminator.
+TYPED_TEST(Compare16, staleTextBehindTheShorterOneDoesNotCount)
+{
+    Laid<TypeParam> shorter(u"ab"sv);
+    Laid<TypeParam> longer(u"ab\0a"sv);
+    shorter.stale(3, u"z");
+    EXPECT_TRUE(*shorter < *longer);
+    EXPECT_FALSE(*shorter > *longer);
+    EXPECT_TRUE(*longer > *shorter);
+    EXPECT_FALSE(*longer < *shorter);
+    EXPECT_EQ(shorter->compareSameCase(*longer), 0);
+    EXPECT_LT(shorter->compare(*longer), 0);
+}
+
 TEST(CompareLargest16, rawUnitsAreMeasuredUpTo1024)
 {
     auto const text = letters(2000);

@@ -292,6 +292,20 @@ TYPED_TEST(Compare8, noCharactersEqualNoCharacters)
     EXPECT_FALSE(receiver->isEqualSameCase(nullText, 65536));
 }
 
+// Behind the shorter text nothing counts, not even where the longer one goes on like a terminator.
+TYPED_TEST(Compare8, staleTextBehindTheShorterOneDoesNotCount)
+{
+    Laid<TypeParam> shorter("ab");
+    Laid<TypeParam> longer("ab\0a"sv);
+    shorter.stale(3, "z");
+    EXPECT_TRUE(*shorter < *longer);
+    EXPECT_FALSE(*shorter > *longer);
+    EXPECT_TRUE(*longer > *shorter);
+    EXPECT_FALSE(*longer < *shorter);
+    EXPECT_EQ(shorter->compareSameCase(*longer), 0);
+    EXPECT_LT(shorter->compare(*longer), 0);
+}
+
 template <typename S>
 class CompareBytes8 : public testing::Test
 {};
