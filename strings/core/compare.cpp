@@ -2,6 +2,8 @@
 
 #include "strings/core/lanes.h"
 
+#include <algorithm>
+
 namespace qvStrings {
 
 namespace {
@@ -17,29 +19,31 @@ Lanes<Unit, bytes> difference(Unit const* a, Unit const* b)
         return Block(a).template foldedFirst<mode>() ^ Block(b);
 }
 
-/// Index of the first unit that differs, or `count`, block by block. The last block reaches back
-/// into the one before it, so that only a text shorter than a block is taken unit by unit.
+/// Index of the first unit that differs, or `count`, which is at least a block. The last block
+/// reaches back into the one before it, so that no unit is taken by itself.
 template <Case mode, unsigned bytes, typename Unit>
 unsigned mismatchByBlocks(Unit const* a, Unit const* b, unsigned count)
 {
     constexpr unsigned size = Lanes<Unit, bytes>::size;
+    auto const differenceAt = [a, b](unsigned i) { return difference<mode, bytes>(a + i, b + i); };
     unsigned i = 0;
-    for (; i + 2 * size <= count; i += 2 * size)
-        if ((difference<mode, bytes>(a + i, b + i) |
-             difference<mode, bytes>(a + i + size, b + i + size))
-                .any())
-            break;
-    for (; i + size <= count; i += size)
-        if (difference<mode, bytes>(a + i, b + i).any())
-            break;
-    if (i + size > count && count >= size) {
-        i = count - size;
-        if (!difference<mode, bytes>(a + i, b + i).any())
+    // A long way is gone four blocks at a time; only the widest blocks ever have one.
+    if constexpr (bytes == 16) {
+        auto const fourDiffer = [&] {
+            return (differenceAt(i) | differenceAt(i + size) | differenceAt(i + 2 * size) |
+                    differenceAt(i + 3 * size))
+                .any();
+        };
+        while (i + 4 * size <= count && !fourDiffer())
+            i += 4 * size;
+    }
+    for (unsigned const last = count - size;; i += size) {
+        i = std::min(i, last);
+        if (auto const found = differenceAt(i); found.any())
+            return i + found.firstSet();
+        if (i == last)
             return count;
     }
-    while (i < count && foldFirst<mode>(a[i]) == foldSecond<mode>(b[i]))
-        ++i;
-    return i;
 }
 
 } // namespace
@@ -47,8 +51,14 @@ unsigned mismatchByBlocks(Unit const* a, Unit const* b, unsigned count)
 template <Case mode, typename Unit>
 unsigned mismatch(Unit const* a, Unit const* b, unsigned count)
 {
-    return count * sizeof(Unit) >= 16 ? mismatchByBlocks<mode, 16>(a, b, count)
-                                      : mismatchByBlocks<mode, 8>(a, b, count);
+    if (count >= Lanes<Unit, 16>::size)
+        return mismatchByBlocks<mode, 16>(a, b, count);
+    if (count >= Lanes<Unit, 8>::size)
+        return mismatchByBlocks<mode, 8>(a, b, count);
+    unsigned i = 0;
+    while (i < count && foldFirst<mode>(a[i]) == foldSecond<mode>(b[i]))
+        ++i;
+    return i;
 }
 
 template <Case mode, typename Unit>

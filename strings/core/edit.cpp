@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstring>
 
 namespace qvStrings {
@@ -29,13 +30,25 @@ void zeroEnds(unsigned char* target, std::size_t count)
     std::memset(target + count - size, 0, size);
 }
 
+/// Zeroes a run long enough for the C library to take string instructions, which are a quarter
+/// slower from an unaligned byte on.
+void zeroLong(unsigned char* target, std::size_t count)
+{
+    constexpr std::size_t alignment = 32;
+    std::size_t const head = alignment - reinterpret_cast<std::uintptr_t>(target) % alignment;
+    std::memset(target, 0, alignment);
+    std::memset(target + head, 0, count - head);
+}
+
 /// Zeroes units; short runs are zeroed in place, as `moveUnits` does.
 template <typename Unit>
 void zeroUnits(Unit* target, unsigned count)
 {
     auto* const to = reinterpret_cast<unsigned char*>(target);
     std::size_t const bytes = count * sizeof(Unit);
-    if (bytes > 64 || bytes < 16)
+    if (bytes > 2048)
+        zeroLong(to, bytes);
+    else if (bytes > 64 || bytes < 16)
         std::memset(to, 0, bytes);
     else if (bytes >= 32)
         zeroEnds<32>(to, bytes);
@@ -76,8 +89,8 @@ void assignCleared(TextRef<Unit> self, Unit const* source, unsigned count)
 {
     unsigned const kept = std::min(count, self.capacity());
     moveUnits(source, kept, self.text());
-    zeroUnits(self.text() + kept, self.capacity() + 1 - kept);
     self.storeLength(kept);
+    zeroUnits(self.text() + kept, self.capacity() + 1 - kept);
 }
 
 template <typename Unit>

@@ -2,7 +2,6 @@
 
 #include "strings/core/compare.h"
 
-#include <array>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -58,27 +57,23 @@ public:
     /// All bits set in the lanes that are zero.
     Lanes isZero() const { return Lanes(std::bit_cast<Vector>(lanes_ == Vector{})); }
 
-    bool any() const
-    {
-        std::uint64_t bits = 0;
-        for (std::uint64_t word : words())
-            bits |= word;
-        return bits != 0;
-    }
+    bool any() const { return (word(0) | word(wordCount - 1)) != 0; }
 
     /// Index of the first lane that is not zero; at least one is not.
     unsigned firstSet() const
     {
+        constexpr unsigned wordBits = 64;
         constexpr unsigned laneBits = 8 * sizeof(Unit);
-        Words const found = words();
-        unsigned word = 0;
-        while (found[word] == 0)
-            ++word;
-        return (word * 64 + static_cast<unsigned>(std::countr_zero(found[word]))) / laneBits;
+        unsigned const bit =
+            word(0) != 0 ? firstBit(word(0)) : wordBits + firstBit(word(wordCount - 1));
+        return bit / laneBits;
     }
 
 private:
-    using Words = std::array<std::uint64_t, bytes / 8>;
+    using Word = std::uint64_t;
+    typedef Word Words __attribute__((vector_size(bytes)));
+    static constexpr unsigned wordCount = bytes / sizeof(Word);
+    static_assert(wordCount == 1 || wordCount == 2);
     static constexpr Lane caseBit = 'a' ^ 'A';
 
     explicit Lanes(Vector lanes) : lanes_(lanes) {}
@@ -95,7 +90,9 @@ private:
         return std::bit_cast<Vector>(moved < static_cast<Signed>(lowest + 26));
     }
 
-    Words words() const { return std::bit_cast<Words>(lanes_); }
+    static unsigned firstBit(Word word) { return static_cast<unsigned>(std::countr_zero(word)); }
+
+    Word word(unsigned i) const { return std::bit_cast<Words>(lanes_)[i]; }
 
     Vector lanes_;
 };

@@ -83,13 +83,28 @@ struct Sieve
 
     /// 0 for an equal unit.
     Unit difference(Unit unit) const { return static_cast<Unit>((unit & mask) ^ wanted); }
+};
+
+/// The same for a block of units at once.
+template <Case mode, unsigned bytes, typename Unit>
+class BlockSieve
+{
+    using Block = Lanes<Unit, bytes>;
+
+public:
+    explicit BlockSieve(Unit unit) : BlockSieve(Sieve<mode, Unit>(unit)) {}
 
     /// 0 in the lanes of equal units.
-    template <typename Block>
-    Block difference(Block block) const
-    {
-        return (block & Block::all(mask)) ^ Block::all(wanted);
-    }
+    Block difference(Unit const* units) const { return (Block(units) & mask_) ^ wanted_; }
+
+private:
+    explicit BlockSieve(Sieve<mode, Unit> sieve)
+        : wanted_(Block::all(sieve.wanted)),
+          mask_(Block::all(sieve.mask))
+    {}
+
+    Block wanted_;
+    Block mask_;
 };
 
 /// The place in the pattern of the second unit to sieve by: the last that differs from the first
@@ -115,28 +130,29 @@ int findByBlocks(Unit const* text, unsigned length, Unit const* pattern, unsigne
     using Block = Lanes<Unit, bytes>;
     constexpr unsigned patience = 16;
     unsigned const lastBlock = length - count + 1 - Block::size;
-    Sieve<mode, Unit> const first(pattern[0]);
+    using Wide = BlockSieve<mode, bytes, Unit>;
+    Wide const first(pattern[0]);
     unsigned place = tellingPlace(pattern, count);
-    Sieve<mode, Unit> second(pattern[place]);
+    Wide second(pattern[place]);
     unsigned refused = 0;
     // The last block reaches back into the one before it, whose spans are refused once more.
     for (unsigned i = begin;; i = std::min(i + Block::size, lastBlock)) {
-        Block passed =
-            (first.difference(Block(text + i)) | second.difference(Block(text + i + place)))
-                .isZero();
-        while (passed.any()) {
-            unsigned const span = i + passed.firstSet();
-            place = mismatch<mode>(text + span, pattern, count);
-            if (place == count)
-                return static_cast<int>(span);
-            ++refused;
-            second = Sieve<mode, Unit>(pattern[place]);
-            passed = passed & second.difference(Block(text + i + place)).isZero();
+        Block passed = (first.difference(text + i) | second.difference(text + i + place)).isZero();
+        if (passed.any()) {
+            do {
+                unsigned const span = i + passed.firstSet();
+                place = mismatch<mode>(text + span, pattern, count);
+                if (place == count)
+                    return static_cast<int>(span);
+                ++refused;
+                second = Wide(pattern[place]);
+                passed = passed & second.difference(text + i + place).isZero();
+            } while (passed.any());
+            // A damaged length is more than a folded copy holds; it does without the filter.
+            if (refused > patience + (i - begin) / patience &&
+                (mode == Case::exact || length <= maxCapacity))
+                return slideBySumIn<mode>(text, length, pattern, count, i + Block::size);
         }
-        // A damaged length is more than a folded copy holds; it does without the filter.
-        if (refused > patience + (i - begin) / patience &&
-            (mode == Case::exact || length <= maxCapacity))
-            return slideBySumIn<mode>(text, length, pattern, count, i + Block::size);
         if (i == lastBlock)
             return -1;
     }
