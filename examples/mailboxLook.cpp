@@ -1,18 +1,15 @@
 #include "examples/mailboxLook.h"
 
 #include "segment/qvSharedMemory.h"
+#include "segment/segmentKey.h"
 #include "sender/deferredSignals.h"
 #include "sender/qvClientCommandName.h"
-#include "support/qvCRC.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <climits>
 
 namespace {
-
-/// Bytes ahead of the record: the lock byte and seven reserved ones.
-constexpr int prefixSize = 8;
 
 constexpr int readRights = 0444;
 
@@ -38,7 +35,7 @@ public:
     qvClientMailbox const volatile& record() const
     {
         auto const* const bytes = static_cast<unsigned char const*>(address_);
-        return *reinterpret_cast<qvClientMailbox const volatile*>(bytes + prefixSize);
+        return *reinterpret_cast<qvClientMailbox const volatile*>(bytes + segmentPrefixSize);
     }
 
 private:
@@ -109,7 +106,7 @@ double MailboxLook::secondsTaken() const
 
 long long MailboxLook::recordSize() const
 {
-    return static_cast<long long>(status.shm_segsz) - prefixSize;
+    return static_cast<long long>(status.shm_segsz) - segmentPrefixSize;
 }
 
 bool MailboxLook::isRightFormat() const
@@ -122,13 +119,11 @@ int MailboxLook::entryCount() const
     return isRightFormat() ? std::min<int>(messageCount, maxClientMessages) : 0;
 }
 
-/// The segment class computes the key when it attaches, which is too late here: it would leave by
-/// its own rule. The text behind the key is the class's.
+/// By the class's own name, though not its attaching: it would leave by its own rule.
 int clientSegmentKey()
 {
     qvSharedMemory const segment(clientSegmentName);
-    auto const* const bytes = reinterpret_cast<unsigned char const*>(segment.name.asChar());
-    return static_cast<int>(qvCRCCalc(bytes, segment.name.length) & 0xFFFFFFu);
+    return segmentKey(segment.name);
 }
 
 MailboxLook lookAtMailbox(bool underLock)

@@ -1,6 +1,6 @@
 #include "segment/qvSharedMemory.h"
 
-#include "support/qvCRC.h"
+#include "segment/segmentKey.h"
 
 #include <cerrno>
 #include <cstdint>
@@ -8,9 +8,6 @@
 #include <sys/shm.h>
 
 namespace {
-
-/// Bytes ahead of the record: the lock byte and seven reserved ones.
-constexpr int prefixSize = 8;
 
 constexpr int stateError = -1;
 constexpr int sizeError = 2;
@@ -50,10 +47,10 @@ bool qvSharedMemory::create(int size, bool, bool)
     if (key != 0)
         return fail(stateError, "We have already created memory.");
 
-    computeKey();
+    key = segmentKey(name);
     // Sizes are signed 32-bit and wrap. The system gets a wrapped one sign-extended, as a size it
     // refuses: unsigned it would be an honest demand for 2 GiB.
-    totalSize = static_cast<int>(static_cast<unsigned>(size) + prefixSize);
+    totalSize = static_cast<int>(static_cast<unsigned>(size) + segmentPrefixSize);
     int const id = shmget(key, static_cast<std::size_t>(totalSize), createFlags);
     if (id != -1) {
         if (!map(id))
@@ -85,7 +82,7 @@ bool qvSharedMemory::attach()
 {
     clearError();
     clearAll();
-    computeKey();
+    key = segmentKey(name);
     int const id = shmget(key, 0, attachRights);
     if (id == -1) {
         if (errno == ENOENT)
@@ -139,13 +136,13 @@ void qvSharedMemory::clearAll()
 int qvSharedMemory::size() const
 {
     // Formed unsigned, because the smallest sizes a broken system may tell would overflow.
-    return static_cast<int>(static_cast<unsigned>(totalSize) - prefixSize);
+    return static_cast<int>(static_cast<unsigned>(totalSize) - segmentPrefixSize);
 }
 
 void* qvSharedMemory::data()
 {
     if (attached && base != nullptr)
-        return base + prefixSize;
+        return base + segmentPrefixSize;
     fail(stateError, "Not attached.");
     return nullptr;
 }
@@ -212,14 +209,6 @@ bool qvSharedMemory::fail(int code, char const* text)
     errorCode = code;
     errorText = text;
     return false;
-}
-
-/// The key is the low 24 bits of the name's CRC-32. Two names that agree in them meet in one
-/// segment, and a key that comes out as 0 is the system's private key; nothing guards either.
-void qvSharedMemory::computeKey()
-{
-    auto const* const bytes = reinterpret_cast<unsigned char const*>(name.asChar());
-    key = static_cast<int>(qvCRCCalc(bytes, name.length) & 0xFFFFFFu);
 }
 
 /// Maps the segment. A failure leaves the key set: only clearAll() forgets it.

@@ -100,7 +100,6 @@ public:
 
 private:
     bool fail(int code, char const* text);
-    void computeKey();
     bool map(int id);
     void removeIfLast();
 };

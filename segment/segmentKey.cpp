@@ -1,0 +1,9 @@
+#include "segment/segmentKey.h"
+
+#include "support/qvCRC.h"
+
+int segmentKey(_qvString8_allSize<250> const& name)
+{
+    auto const* const bytes = reinterpret_cast<unsigned char const*>(name.asChar());
+    return static_cast<int>(qvCRCCalc(bytes, name.length) & 0xFFFFFFu);
+}
