@@ -12,26 +12,20 @@ void printVersion()
     std::fputs(qvVersion, stdout);
 }
 
-/// Prints a finished message behind the version. The message is the format itself and no
-/// argument of "%s", by decision: a "%" in a system's error text reads as a conversion. What the
-/// user typed never comes here.
-void printFailure(WorkingText const& message)
+/// A failure with the segment's own text. A message of 250 characters has no newline. The message
+/// is the format itself and no argument of "%s", by decision: a "%" in a system's error text reads
+/// as a conversion. What the user typed never comes here.
+void printFailure(char const* what, WorkingText const& reason)
 {
+    WorkingText message = what;
+    message += reason;
+    message += '\n';
     printVersion();
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 #pragma GCC diagnostic ignored "-Wformat-security"
     std::printf(message.asChar());
 #pragma GCC diagnostic pop
-}
-
-/// A failure with the segment's own text. A message of 250 characters has no newline.
-void printFailure(char const* what, WorkingText const& reason)
-{
-    WorkingText message = what;
-    message += reason;
-    message += '\n';
-    printFailure(message);
 }
 
 } // namespace
@@ -58,22 +52,16 @@ void outcome::lockFailed(WorkingText const& reason)
 
 void outcome::wrongSize(int size)
 {
-    WorkingText message;
-    std::snprintf(message.asChar(), sizeof message.text,
-                  "++++ Shared memory has wrong data size! (%d!=%d)\n", size, clientRecordSize);
-    message.calcLength();
-    printFailure(message);
+    printVersion();
+    std::printf("++++ Shared memory has wrong data size! (%d!=%d)\n", size, clientRecordSize);
 }
 
 void outcome::wrongFormat(int recordMarker, int stateMarker, int stateFlag)
 {
-    WorkingText message;
-    std::snprintf(message.asChar(), sizeof message.text,
-                  "++++ Shared memory has wrong data format! (%d!=%d  %d!=%d  %d!=%d)\n",
-                  recordMarker, clientRecordMarker, stateMarker, clientStateMarker, stateFlag,
-                  clientStateFlag);
-    message.calcLength();
-    printFailure(message);
+    printVersion();
+    std::printf("++++ Shared memory has wrong data format! (%d!=%d  %d!=%d  %d!=%d)\n",
+                recordMarker, clientRecordMarker, stateMarker, clientStateMarker, stateFlag,
+                clientStateFlag);
 }
 
 void outcome::queueFull()

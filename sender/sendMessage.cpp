@@ -38,8 +38,9 @@ void enqueue(qvClientMailbox volatile& record, ClientMessage const& message)
 /// The steps between attaching and leaving; the first that fails is reported and ends them.
 void deliver(qvSharedMemory& segment, ClientMessage const& message)
 {
-    if (segment.size() < clientRecordSize) {
-        outcome::wrongSize(segment.size());
+    int const size = segment.size();
+    if (size < clientRecordSize) {
+        outcome::wrongSize(size);
         return;
     }
     auto* const record = static_cast<qvClientMailbox volatile*>(segment.data());
