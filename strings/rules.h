@@ -509,7 +509,7 @@ public:
 
     /// Units from anywhere, not held against the length: past the end of the text or ahead of it
     /// the result holds the object's own bytes and zeros beyond the object. The caller stays inside
-    /// the N + 1 units.
+    /// the N + 1 units unless the count is 0.
     /// @param start Place of the first one.
     /// @param count How many, cut at N; a negative count gives N.
     /// @return A string of that length.
@@ -517,7 +517,7 @@ public:
     {
         Self result;
         unsigned const kept = cutCount(static_cast<unsigned>(count));
-        expect(start >= 0 && static_cast<long long>(start) + kept <= capacity() + 1,
+        expect(kept == 0 || (start >= 0 && static_cast<long long>(start) + kept <= capacity() + 1),
                {start, count});
         copyOut<Unit>(storage(), start, kept, result.text);
         result.length = static_cast<unsigned short>(kept);

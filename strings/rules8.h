@@ -118,10 +118,12 @@ public:
 
     /// @return True when the text begins with the pattern, ignoring case.
     /// @param s The pattern's bytes; need not be terminated.
-    /// @param n How many, modulo 65536.
+    /// @param n How many, modulo 65536. Above the length is false; at most N are compared.
     bool startsWith(char const* s, int n) const
     {
-        return s != nullptr && this->template begins<Case::folded>(s, this->lowCount(n));
+        unsigned const count = this->lowCount(n);
+        return s != nullptr && this->holdsPattern(count) &&
+               this->template begins<Case::folded>(s, this->cutCount(count));
     }
 
     /// @return True when the text begins with the pattern, exact.

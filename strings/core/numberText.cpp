@@ -82,8 +82,11 @@ long long toIntFromHex(TextRef<char> self, int bits, bool asSigned, bool cutDigi
     auto const counted = static_cast<short>(digits); // a length is set from 16 bits
     unsigned const count = counted <= 0 ? 0 : static_cast<unsigned>(counted);
     TerminatedCopy const field(self.text(), std::min(count, self.capacity()));
-    if (cutDigits)
-        removeRange(self, 0, digits);
+    if (cutDigits) {
+        unsigned const rest = self.length() - static_cast<unsigned>(digits);
+        self.storeLength(0); // ahead of the move, since a negative field moves the length bytes in
+        rebuild<char>(self, 0, self.text(), 0, digits, rest);
+    }
 
     if (!asSigned) {
         if (ok != nullptr)

@@ -40,7 +40,7 @@ bool isWithin(Reach reach, StringCall const& call, String8Models const& models)
     case Operation::toInt64:
         return receiver.hasStoredZero();
     case Operation::toIntFromHex:
-        return call.a / 4 >= 0 || !call.secondFlag;
+        return true;
     default:
         return isWithinEither(reach, call, models);
     }

@@ -7,6 +7,7 @@
 
 #include <cstring>
 #include <random>
+#include <string>
 #include <vector>
 
 namespace {
@@ -48,6 +49,20 @@ TYPED_TEST(DamagedLength, SearchOverAlikeTextStaysInItsOwnCopies)
     EXPECT_EQ(this->string().indexOf(pattern, 0), -1);
     EXPECT_EQ(this->string().indexOfCaseSen(pattern, 0), -1);
     EXPECT_FALSE(this->string().containsUpperCaseInput(pattern));
+}
+
+// Of a counted beginning no more than the capacity is compared, nor read.
+TYPED_TEST(DamagedLength, StartsWithACountIsCutAtTheCapacity)
+{
+    std::string beginning(250, '?');
+    for (std::size_t i = 0; i < beginning.size(); ++i)
+        beginning[i] = static_cast<char>(this->string().text[i]);
+    std::string const longer = beginning + std::string(50, '#');
+    EXPECT_TRUE(this->string().startsWith(longer.data(), 250));
+    EXPECT_TRUE(this->string().startsWith(longer.data(), 300));
+    EXPECT_FALSE(this->string().startsWith(longer.data(), 60001));
+    beginning.back() = '#';
+    EXPECT_FALSE(this->string().startsWith(beginning.data(), 300));
 }
 
 TYPED_TEST(DamagedLength, HasNothingUnusedToClear)

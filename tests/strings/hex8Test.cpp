@@ -338,6 +338,17 @@ TYPED_TEST(Hex8, aFieldWiderThanTheTextFillsTheString)
     }
 }
 
+/// A field of a negative width begins ahead of the text, where the length lies. The length is 0
+/// when the rest moves, so two zeros lead the text.
+TEST(HexCut8, aFieldOfANegativeWidthMovesTheClearedLengthIn)
+{
+    Laid<_qvString8_allSize<14>> receiver("abcd");
+    bool ok = false;
+    EXPECT_EQ(receiver->toIntFromHex(-8, false, true, &ok), 0);
+    EXPECT_TRUE(ok);
+    EXPECT_TRUE(became(receiver, 6, "\0\0abcd\0"sv));
+}
+
 /// In capacities 6 and 7 a field of 32 bits is wider than any text.
 TEST(HexCut8, aWideFieldInASmallCapacity)
 {
