@@ -168,6 +168,13 @@ TEST(CommandLine, UnknownWords)
              {"%s%n%d", "%s%n%d"},
              {"-%s %x", "%s %x"},
              {"\xC4\xE4", "\xC4\xE4"},
+             // Letters of ASCII fold and no other byte does, though it may lie one bit away.
+             {"\xE1"
+              "bort",
+              "\xE1"
+              "bort"},
+             {"abor\xF4", "abor\xF4"},
+             {"abor\x14", "abor\x14"},
              {"None", "None"},
              {"2", "2"},
          })

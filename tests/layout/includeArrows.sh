@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Includes run one way: sender -> segment -> strings, support -> strings, and segment -> the
-# checksum of support alone; support takes the system's error texts from segment. The core of the strings knows no image, rule or class above it.
+# checksum of support alone; support takes the system's error texts from segment. The core of the
+# strings knows no image, rule or class above it.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 

@@ -16,7 +16,7 @@
 namespace {
 
 using Text250 = _qvString8_allSize<250>;
-static_assert(std::is_same_v<decltype(qvLastOSError8(0)), Text250>);
+static_assert(std::is_same_v<decltype(&qvLastOSError8), Text250 (*)(int)>);
 
 std::string lastOSError(int code)
 {

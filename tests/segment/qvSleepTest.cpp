@@ -6,8 +6,11 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <type_traits>
 
 namespace {
+
+static_assert(std::is_same_v<decltype(&qvSleep), void (*)(int)>);
 
 TEST(QvSleep, CutsTheTimeIntoCallsBelowASecond)
 {

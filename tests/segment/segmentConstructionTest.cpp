@@ -12,8 +12,27 @@
 #include <new>
 #include <string>
 #include <type_traits>
+#include <utility>
 
 namespace {
+
+static_assert(std::is_constructible_v<qvSharedMemory, Text250 const&>);
+// It owns its mapping.
+static_assert(!std::is_copy_constructible_v<qvSharedMemory>);
+static_assert(!std::is_copy_assignable_v<qvSharedMemory>);
+static_assert(
+    std::is_same_v<decltype(&qvSharedMemory::create), bool (qvSharedMemory::*)(int, bool, bool)>);
+static_assert(std::is_same_v<decltype(&qvSharedMemory::attach), bool (qvSharedMemory::*)()>);
+static_assert(std::is_same_v<decltype(&qvSharedMemory::detach), bool (qvSharedMemory::*)()>);
+static_assert(std::is_same_v<decltype(&qvSharedMemory::clearAll), void (qvSharedMemory::*)()>);
+static_assert(std::is_same_v<decltype(&qvSharedMemory::size), int (qvSharedMemory::*)() const>);
+static_assert(std::is_same_v<decltype(&qvSharedMemory::lock), bool (qvSharedMemory::*)()>);
+static_assert(std::is_same_v<decltype(&qvSharedMemory::unlock), bool (qvSharedMemory::*)()>);
+static_assert(
+    std::is_same_v<decltype(&qvSharedMemory::setError), void (qvSharedMemory::*)(Text250)>);
+static_assert(std::is_same_v<decltype(&qvSharedMemory::clearError), void (qvSharedMemory::*)()>);
+static_assert(std::is_same_v<decltype(std::declval<qvSharedMemory&>().error()), int>);
+static_assert(std::is_same_v<decltype(std::declval<qvSharedMemory&>().errorString()), Text250>);
 
 class SegmentConstruction : public ScriptedSegment
 {
@@ -101,6 +120,16 @@ TEST_F(SegmentConstruction, CutsTheNamesAtTheirCapacity)
         EXPECT_EQ(textOf(object.globalName), "Global\\" + name.substr(0, 243));
         EXPECT_EQ(object.globalName.text[object.globalName.length], '\0');
     }
+}
+
+// A zero byte in the given name is a character like any other.
+TEST_F(SegmentConstruction, TakesTheGivenNameByItsLength)
+{
+    Text250 given;
+    given.fromChar("a\0b", 3);
+    qvSharedMemory const object{given};
+    EXPECT_EQ(textOf(object.name), std::string("QV_a\0b_1234567", 14));
+    EXPECT_EQ(textOf(object.globalName), std::string("Global\\QV_a\0b_1234567", 21));
 }
 
 // The names are formed in cleared strings, whatever lay in the storage.

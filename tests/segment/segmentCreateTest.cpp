@@ -102,6 +102,7 @@ TEST_F(SegmentCreate, RefusesWhileTheKeyIsHeld)
 
 TEST_F(SegmentCreate, RefusedMappingHoldsKeyAndSize)
 {
+    memory.locked = true; // only a segment of our own making resets it
     script.shmgetGives(7).shmatFails(EINVAL);
     EXPECT_FALSE(memory.create(16, false, false));
     EXPECT_EQ(script.takeCalls(), (Calls{"shmget(0x4EFCFF, 24, 0x7B6)", "shmat(7, null, 0)"}));
@@ -109,6 +110,7 @@ TEST_F(SegmentCreate, RefusedMappingHoldsKeyAndSize)
     expectKeyHeld();
     EXPECT_EQ(memory.totalSize, 24);
     EXPECT_EQ(memory.size(), 16);
+    EXPECT_TRUE(memory.locked);
 }
 
 TEST_F(SegmentCreate, RefusedMappingLeavesNoAddressBehind)

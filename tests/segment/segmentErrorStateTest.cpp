@@ -44,6 +44,7 @@ TEST_F(SegmentErrorState, SetErrorJoinsWordAndSystemText)
         {41, "shmget", "shmget: Error 41."},
         {4000, "shmget", "shmget: Error 4000."},
         {-7, "shmget", "shmget: Error -7."},
+        {-1, "shmget", "shmget: Error -1."},
         {EPERM, "", ": Operation not permitted"},
     };
     for (Row const& row : rows) {

@@ -259,6 +259,7 @@ TYPED_TEST(Affix16, endsWithBehindACountedGate)
     EXPECT_TRUE(stringOf<TypeParam>(u"x\xFFE4").endsWith("\xE4", 1));
     EXPECT_FALSE(stringOf<TypeParam>(u"x\xE4").endsWith("\xE4", 1));
     EXPECT_TRUE(string.endsWith(guarded::letters(65536).c_str(), 1));
+    EXPECT_TRUE(string.endsWith(guarded::letters(65539).c_str(), 1));
 
     TypeParam const empty;
     EXPECT_FALSE(empty.endsWith("", 0));

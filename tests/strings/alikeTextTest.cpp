@@ -3,6 +3,7 @@
 
 #include "strings/qvString.h"
 #include "strings/qvString8.h"
+#include "tests/strings/images8.h"
 
 #include <gtest/gtest.h>
 
@@ -34,6 +35,35 @@ std::string upperCase(std::string text)
     for (char& c : text)
         c = static_cast<char>(c - 'a' + 'A');
     return text;
+}
+
+// Every byte beside itself and beside the byte that a case apart would be, inside a pattern that
+// nearly stands in many places.
+TEST(AlikeText8, EveryByteOfThePatternIsTold)
+{
+    using S = _qvString8_allSize<5000>;
+    constexpr int patternAt = 4980;
+    constexpr std::size_t place = 10;
+    std::string const text = twoLetters(5000, 3);
+    S string(mixedCase(text).c_str());
+    S plain(text.c_str());
+    S pattern(text.substr(patternAt).c_str());
+    S upper(upperCase(text.substr(patternAt)).c_str());
+    for (int i = 0; i < 256; ++i)
+        for (int const other : {i, i ^ 0x20}) {
+            auto const a = static_cast<unsigned char>(i);
+            auto const b = static_cast<unsigned char>(other);
+            string.text[patternAt + place] = static_cast<char>(a);
+            plain.text[patternAt + place] = static_cast<char>(a);
+            pattern.text[place] = static_cast<char>(b);
+            upper.text[place] = static_cast<char>(b);
+            bool const same = images8::upperOf(a) == images8::upperOf(b);
+            ASSERT_EQ(string.indexOf(pattern, 0), same ? patternAt : -1) << i << " and " << other;
+            ASSERT_EQ(plain.indexOfCaseSen(pattern, 0), a == b ? patternAt : -1)
+                << i << " and " << other;
+            ASSERT_EQ(string.containsUpperCaseInput(upper), images8::upperOf(a) == b)
+                << i << " and " << other;
+        }
 }
 
 template <typename S>

@@ -164,6 +164,8 @@ TYPED_TEST(CompareCurrent16, inequalityWithBytes)
         TypeParam const& string = *laid;
         EXPECT_EQ(string != row.bytes, row.bytes != nullptr && !row.equal) << shown(row.units);
     }
+    Laid<TypeParam> laid(u"abc");
+    EXPECT_FALSE(*laid != guarded::letters(65539).c_str());
 }
 
 /// Of a raw text only as many bytes as the string has units are compared, so its first half.

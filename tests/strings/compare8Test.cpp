@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <climits>
 #include <string>
 #include <string_view>
@@ -126,6 +127,29 @@ TYPED_TEST(Compare8, fullStringsAreComparedToTheLastCharacter)
     EXPECT_TRUE(different > *full);
     EXPECT_TRUE(*full == text.c_str());
     EXPECT_TRUE(full->isEqual(upperOf(text).c_str(), intCapacity<TypeParam>));
+}
+
+/// However long the text: what stands behind the first difference, the other way round, is not
+/// asked.
+TYPED_TEST(Compare8, theFirstDifferenceDecides)
+{
+    std::string const text(std::min<std::size_t>(capacity<TypeParam>, 67), 'm');
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        SCOPED_TRACE(at);
+        auto const smaller = text.substr(0, at) + 'C' + std::string(text.size() - at - 1, 'Z');
+        auto const greater = text.substr(0, at) + 'D' + std::string(text.size() - at - 1, 'Y');
+        Laid<TypeParam> left(smaller);
+        Laid<TypeParam> right(greater);
+        EXPECT_LT(left->compareSameCase(*right), 0);
+        EXPECT_GT(right->compareSameCase(*left), 0);
+        EXPECT_TRUE(*left < *right);
+        EXPECT_FALSE(*right < *left);
+        EXPECT_TRUE(*right > *left);
+        EXPECT_FALSE(*left > *right);
+        auto const upper = stringOf<TypeParam>(upperOf(greater));
+        EXPECT_LT(left->compare(upper), 0);
+        EXPECT_GT(upper.compare(*left), 0);
+    }
 }
 
 TYPED_TEST(Compare8, aStringEqualsItself)

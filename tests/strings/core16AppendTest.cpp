@@ -186,8 +186,9 @@ TYPED_TEST(Append16, resultsCarryTheSpareWord)
     auto const nothing = stringOf<TypeParam>(u"");
     EXPECT_EQ(guarded::bytesOf(left->combined("")), left.bytes());
     EXPECT_EQ(guarded::bytesOf(left->combined(nullText)), left.bytes());
-    EXPECT_EQ(guarded::bytesOf(*left + nothing),
-              imageOf<TypeParam>(2, u"xy\0"sv, staleByte, staleByte));
+    auto const terminated = imageOf<TypeParam>(2, u"xy\0"sv, staleByte, staleByte);
+    EXPECT_EQ(guarded::bytesOf(*left + nothing), terminated);
+    EXPECT_EQ(guarded::bytesOf(left->combined(nothing)), terminated);
 }
 
 /// Every append around the capacity: what fits is kept, the end of the new text is lost.
@@ -245,11 +246,35 @@ TYPED_TEST(Append16, singleUnitsStopAtTheCapacity)
     EXPECT_TRUE(areaIs(sum, capacity<TypeParam>, full + u'z', staleByte));
 }
 
+/// An append without room still ends the text, unlike that of a single unit.
+TYPED_TEST(Append16, moreThanAUnitEndsAFullStringAgain)
+{
+    auto const full = letters(capacity<TypeParam>);
+    auto const units = raw(u"x");
+    auto const other = stringOf<TypeParam>(u"x");
+    auto const check = [&](auto const& change) {
+        Laid<TypeParam> receiver(full);
+        receiver.stale(capacity<TypeParam>, u"z");
+        change(*receiver);
+        EXPECT_TRUE(became(receiver, capacity<TypeParam>, ended(full)));
+    };
+    check([](TypeParam& s) { s.add("x"); });
+    check([&](TypeParam& s) { s.add(units.data(), 1U); });
+    check([&](TypeParam& s) { s.add(other); });
+    check([](TypeParam& s) { s += "x"; });
+    check([&](TypeParam& s) { s += units.data(); });
+    check([&](TypeParam& s) { s += other; });
+    check([](TypeParam& s) { s += s; });
+    check([&](TypeParam& s) { s = s + other; });
+    check([&](TypeParam& s) { s = s.combined(other); });
+    check([](TypeParam& s) { s = s.combined("x"); });
+}
+
 TYPED_TEST(Append16, largeCounts)
 {
     // A count is no 16-bit value here; only the sum with the length has 32 bits.
     auto const units = unterminated(letters(capacity<TypeParam>));
-    for (unsigned const count : {65536U, 65541U, static_cast<unsigned>(INT_MAX)}) {
+    for (unsigned const count : {65536U, 65541U, static_cast<unsigned>(INT_MAX), UINT_MAX - 2U}) {
         Laid<TypeParam> receiver(u"xy");
         receiver->add(units.data(), count);
         auto const expected = cut<TypeParam>(u"xy" + letters(capacity<TypeParam>));

@@ -171,6 +171,24 @@ TYPED_TEST(Core8Alias, AStringIsEqualToItselfAndStartsWithItself)
     EXPECT_EQ(this->string.bytes(), keptImage<TypeParam>("aBc", this->rest));
 }
 
+TEST(Core8AliasCases, OverlappingRangesOfEveryLengthMoveWhole)
+{
+    Guarded<_qvString8_allSize<250>> string;
+    std::string const text = letters(250);
+    for (std::size_t distance = 1; distance <= 25; ++distance) {
+        for (unsigned int length = 1; length <= 70; ++length) {
+            SCOPED_TRACE(testing::Message() << length << " by " << distance);
+            string.lay(text);
+            string->fromChar(string->asChar() + distance, static_cast<int>(length));
+            EXPECT_TRUE(holds(*string, text.substr(distance, length)));
+
+            string.lay(text).layLength(30);
+            string->add(string->asChar() + 30 - distance, length);
+            EXPECT_TRUE(holds(*string, text.substr(0, 30) + text.substr(30 - distance, length)));
+        }
+    }
+}
+
 TEST(Core8AliasCases, AbcInSevenRepeatsWithPlusAssignAndDoublesWithAdd)
 {
     _qvString8_allSize<7> repeated("abc");

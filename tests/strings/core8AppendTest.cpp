@@ -98,6 +98,22 @@ TYPED_TEST(Core8Append, AddByCountIsCutAtTheCapacityAndNotReducedTo16Bits)
     }
 }
 
+// Together with the length such a count passes 2^32; it is cut like any other.
+TYPED_TEST(Core8Append, AddByACountNearTheGreatestIsCutAtTheCapacity)
+{
+    std::string const source = letters(ImageOf<TypeParam>::capacity);
+    for (std::size_t const startLength : this->startLengths()) {
+        std::string const start(startLength, '-');
+        for (unsigned int const count : {0x7FFFFFFFU, 0x80000000U, UINT_MAX - 2, UINT_MAX}) {
+            SCOPED_TRACE(testing::Message() << count << " onto " << startLength);
+            this->layWithoutTerminator(start);
+            this->string->add(source.c_str(), count);
+            EXPECT_EQ(this->string.bytes(), this->appended(start, source));
+            EXPECT_TRUE(this->string.guardsStand());
+        }
+    }
+}
+
 TYPED_TEST(Core8Append, AddByCountKeepsZerosInsideAndNeedsNoTerminator)
 {
     this->string.lay("", this->rest);

@@ -185,6 +185,17 @@ TEST(Core8ConstructCases, SevenCharactersFillASevenAndTheirTerminatorIsTheLastBy
     EXPECT_EQ(string.bytes(), (Bytes{7, 0, 'a', 'b', 'c', 'd', 'e', 'f', 'g', 0}));
 }
 
+// Short texts are copied and short rests cleared in pieces of several sizes: each length counts.
+TEST(Core8ConstructCases, EveryLengthIsCopiedAndTheRestCleared)
+{
+    using S = _qvString8_allSize<250>;
+    for (std::size_t length = 0; length <= 250; ++length) {
+        Guarded<S> const string(letters(length).c_str());
+        EXPECT_EQ(string.bytes(), clearedImage<S>(letters(length))) << length;
+        EXPECT_TRUE(string.guardsStand());
+    }
+}
+
 TEST(Core8ConstructCases, LengthIsStoredLowByteFirst)
 {
     Guarded<_qvString8_allSize<500>> const string(letters(300).c_str());

@@ -40,6 +40,12 @@ TYPED_TEST(Core8Overlay, AssignmentTakesAsMuchOfAnyCapacityAsFits)
             *string = const_cast<_qvString8_Uni_pointer*>(source->asUni());
             EXPECT_EQ(string.bytes(), keptImage<TypeParam>(cut<TypeParam>(letters(length)), 0x33));
             EXPECT_TRUE(string.guardsStand());
+
+            // As asUni() hands it out: not by way of the constructor, which does not cut.
+            string.lay("", 0x33);
+            *string = source->asUni();
+            EXPECT_EQ(string.bytes(), keptImage<TypeParam>(cut<TypeParam>(letters(length)), 0x33));
+            EXPECT_TRUE(string.guardsStand());
             EXPECT_EQ(source.bytes(), keptImage<Source>(letters(length), 'z'));
         }
     });

@@ -266,6 +266,9 @@ TYPED_TEST(Edit16, anEmptiedStringIsNotEqualToACleanOne)
     EXPECT_TRUE(receiver->isEmpty());
     EXPECT_FALSE(*receiver == clean);
     EXPECT_TRUE(receiver->isEqual(clean));
+    receiver->remove(Unit{u'a'});
+    receiver->replace(Unit{u'a'}, Unit{u'x'});
+    EXPECT_TRUE(became(receiver, 0, u"a\0"sv));
 }
 
 TYPED_TEST(Edit16, trimsBothEnds)

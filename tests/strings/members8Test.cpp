@@ -3,6 +3,7 @@
 /// by a rewritten comparison. Taking the address also makes the linker look for every member.
 
 #include "tests/strings/images8.h"
+#include "tests/strings/takes.h"
 
 #include <gtest/gtest.h>
 
@@ -12,30 +13,6 @@
 namespace {
 
 using namespace images8;
-
-/// Asks for members of S that take exactly Arguments, in whatever class of S they are written.
-template <typename S, typename... Arguments>
-struct Takes
-{
-    template <typename Result, typename Owner>
-    static bool member(Result (Owner::*address)(Arguments...))
-    {
-        Result (S::*volatile kept)(Arguments...) = address;
-        return kept != nullptr;
-    }
-    template <typename Result, typename Owner>
-    static bool constMember(Result (Owner::*address)(Arguments...) const)
-    {
-        Result (S::*volatile kept)(Arguments...) const = address;
-        return kept != nullptr;
-    }
-    template <typename Result>
-    static bool function(Result (*address)(Arguments...))
-    {
-        Result (*volatile kept)(Arguments...) = address;
-        return kept != nullptr;
-    }
-};
 
 using Text = char const*;
 using Flag = bool const&;
@@ -84,7 +61,7 @@ TYPED_TEST(SharedMembers8, constructionAndState)
     EXPECT_TRUE((Takes<S, short const&>::member(&S::setLength)));
     EXPECT_TRUE((Takes<S>::constMember(&S::isEmpty)));
     EXPECT_TRUE((Takes<S>::constMember(&S::hasData)));
-    EXPECT_TRUE((Takes<S, char&, Int>::function(&S::createCharString)));
+    EXPECT_TRUE((Takes<S, char&, Int>::functionGives(&S::createCharString)));
 }
 
 TYPED_TEST(SharedMembers8, assignmentAndAppend)
@@ -206,7 +183,7 @@ TYPED_TEST(CurrentMembers8, numbersAndHexText)
     EXPECT_TRUE((Takes<S, unsigned long long const&>::member(&S::addNr)));
     EXPECT_TRUE((Takes<S, Int, unsigned char const&>::member(&S::addNr)));
     EXPECT_TRUE((Takes<S, Long, unsigned char const&>::member(&S::addNr)));
-    EXPECT_TRUE((Takes<S, Long>::function(&S::fromNr)));
+    EXPECT_TRUE((Takes<S, Long>::functionGives(&S::fromNr)));
     EXPECT_TRUE((Takes<S, signed char const&>::member(&S::addHexCode)));
     EXPECT_TRUE((Takes<S, unsigned char const&>::member(&S::addHexCode)));
     EXPECT_TRUE((Takes<S, short const&>::member(&S::addHexCode)));

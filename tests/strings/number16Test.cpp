@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <cstdlib>
 #include <string>
 #include <string_view>
 
@@ -85,8 +86,15 @@ TEST(NumberAt16, aLongNumberLosesItsLowDigits)
     almost->addNr(-123LL);
     EXPECT_TRUE(became(almost, 10, u"abcdefgh-1\0"sv));
     Laid<_qvString<10>> full(u"abcdefghij");
+    full.stale(10, u"z");
     full->addNr(7LL);
     EXPECT_TRUE(became(full, 10, u"abcdefghij\0"sv));
+    Laid<_qvString<10>> padded(u"abcdefgh");
+    padded->addNr(7LL, static_cast<unsigned char>(4));
+    EXPECT_TRUE(became(padded, 10, u"abcdefgh00\0"sv));
+    Laid<_qvString<10>> aligned(u"abcdefgh");
+    aligned->addNrSpacing(12345LL, static_cast<signed char>(-8));
+    EXPECT_TRUE(became(aligned, 10, u"abcdefgh12\0"sv));
 }
 
 /// Zeros stand in front of the sign. Behind column 20 the number gives way, whatever the capacity.
@@ -231,6 +239,16 @@ TYPED_TEST(Number16, toInt)
         EXPECT_EQ(ok, row.valid);
         EXPECT_EQ(string.toInt(nullptr), row.unchecked);
         EXPECT_EQ(laid.bytes(), before);
+    }
+}
+
+/// What a number above INT_MAX gives is the system library's affair.
+TYPED_TEST(Number16, toIntLeavesOverflowToAtoi)
+{
+    for (std::string const digits : {"2147483648", "9999999999"}) {
+        bool ok = false;
+        EXPECT_EQ(stringOf<TypeParam>(widened(digits)).toInt(&ok), std::atoi(digits.c_str()));
+        EXPECT_TRUE(ok);
     }
 }
 

@@ -73,6 +73,23 @@ TYPED_TEST(Number8, aFullStringGetsOnlyItsTerminator)
     expectKept([](TypeParam& s) { s.addNr(1LL, 255); });
 }
 
+template <typename S, typename... Arguments>
+constexpr bool addsNr = requires(S& string, Arguments... value)
+{
+    string.addNr(value...);
+};
+
+/// For an unsigned int, and for a width of an unsigned long long, no overload stands ready: a call
+/// would have to choose between conversions.
+TYPED_TEST(Number8, takesNoOtherNumbers)
+{
+    EXPECT_TRUE((addsNr<TypeParam, int>));
+    EXPECT_TRUE((addsNr<TypeParam, unsigned long long>));
+    EXPECT_TRUE((addsNr<TypeParam, long long, unsigned char>));
+    EXPECT_FALSE((addsNr<TypeParam, unsigned int>));
+    EXPECT_FALSE((addsNr<TypeParam, unsigned long long, unsigned char>));
+}
+
 struct WidthRow
 {
     std::string_view before;

@@ -103,7 +103,7 @@ TYPED_TEST(Search16, staleUnitsAreNotFound)
     EXPECT_EQ(string.indexOfCaseSen(stringOf<TypeParam>(u"c"), 0), -1);
     EXPECT_EQ(string.indexOf(Unit{u'c'}, 0), -1);
     EXPECT_EQ(string.indexOfCaseSen(Unit{u'c'}, 0), -1);
-    EXPECT_EQ(string.lastIndexOf(Unit{u'c'}, 0), -1);
+    EXPECT_EQ(string.lastIndexOf(Unit{u'c'}, 2), -1);
     EXPECT_FALSE(string.contains('c'));
     EXPECT_EQ(string.count('c'), 0);
     EXPECT_EQ(string.countCaseSen('c'), 0);
@@ -143,6 +143,7 @@ TYPED_TEST(Search16, indexOfPlainText)
 
     Laid<TypeParam> full(letters(capacity<TypeParam>));
     EXPECT_EQ(full->indexOf(guarded::letters(capacity<TypeParam> + 4).c_str()), 0);
+    EXPECT_EQ(full->indexOf(guarded::letters(65536).c_str()), -1);
 }
 
 struct UnitRow
@@ -225,6 +226,8 @@ constexpr SeveralRow severalRows[] = {
     {{u"6", u"5", u"4", u"3", u"2", u"1"}, 5, 1, 1, 5},
     {{u"x", u"y", u"z", u"q", u"r", u"0"}, -1, -1, 0, 5},
     {{u"1", u"x", u"y", u"z", u"q", u"r"}, 1, 0, 1, 0},
+    {{u"x", u"y", u"z", u"2", u"q", u"r"}, -1, -1, 2, 3},
+    {{u"x", u"y", u"z", u"q", u"2", u"r"}, -1, -1, 2, 4},
     // Case is ignored.
     {{u"AB", u"BA", u"x", u"y", u"z", u"q"}, 7, 1, 7, 1},
 };
@@ -301,6 +304,7 @@ TYPED_TEST(Search16, containsClipsItsNeedle)
     auto needle = guarded::letters(capacity<TypeParam> + 4);
     EXPECT_TRUE(full.contains(needle.c_str()));
     EXPECT_FALSE(full.containsCaseSen(needle.c_str()));
+    EXPECT_FALSE(full.contains(guarded::letters(65536).c_str()));
     for (char& byte : needle) {
         byte = static_cast<char>(byte - 32);
     }
@@ -354,7 +358,7 @@ constexpr CharacterRow characterRows[] = {
     {u"\x0141\x0161", 'a', false, 0, 0}, {u"\x0141\x41", 'a', true, 1, 0},
     {u"[[{", '[', true, 2, 2},           {u"aaaaaaaaaa", 'A', true, 10, 0},
     {u"\xFFFF\xFF", '\xFF', true, 0, 0}, {u"\x7F", '\x7F', true, 1, 1},
-    {u"\xFF80\x80", '\x80', true, 0, 0},
+    {u"\xFF80\x80", '\x80', true, 0, 0}, {u"", '\0', false, 0, 0},
 };
 
 TYPED_TEST(Search16, charactersInTheText)

@@ -204,6 +204,24 @@ TEST(SpacingOverrun8, currentImage)
     expectOverrun<_qvString8_allSize<7>>("abcdefg", 3, 10, {{8, 32}, {9, 32}, {10, 0}});
 }
 
+/// The text is cut to the room that there was, and the field is filled up none the less.
+TEST(SpacingOverrun8, textThatIsCutInAFieldThatIsNot)
+{
+    Laid<_qvString8_allSize<6>> left("abcd");
+    left->addSpacing("xyz", 5);
+    EXPECT_EQ(left.bytes(), (guarded::Bytes{9, 0, 'a', 'b', 'c', 'd', 'x', 'y', ' ', ' '}));
+    guarded::Bytes behind(left.behind().size(), guarded::guardByte);
+    behind[0] = ' ';
+    behind[1] = 0;
+    EXPECT_EQ(left.behind(), behind);
+
+    Laid<_qvString8_allSize<6>> right("abcd");
+    right->addSpacing("xyz", -5);
+    EXPECT_EQ(right.bytes(), (guarded::Bytes{9, 0, 'a', 'b', 'c', 'd', ' ', ' ', ' ', 'x'}));
+    behind[0] = 'y';
+    EXPECT_EQ(right.behind(), behind);
+}
+
 /// Blank 2 becomes the low byte of the length, 32, and the next ones go where that points.
 TEST(SpacingOverrun8, olderImageOfEvenCapacity)
 {

@@ -58,6 +58,7 @@ TEST(ApplicationPathFromAnswer, GivesItsDirectory)
              // However short: only an argument has a least length.
              Row{u"x", "x"},
              Row{u"ab", "ab"},
+             Row{u"./", "./"},
              Row{u"abc", "abc/"},
              // A start through the current directory leaves its dot behind, which goes.
              Row{u"/opt/./tool", "/opt/"},

@@ -24,6 +24,10 @@ namespace {
 using qvTest::Path;
 using qvTest::textOf;
 
+// Both forms, by the types that callers know them by.
+[[maybe_unused]] constexpr bool (*filling)(Path&, char*) = &qvApplicationPath;
+[[maybe_unused]] constexpr Path (*byValue)(char*) = &qvApplicationPath;
+
 constexpr char reportRequest[] = "--report-application-path";
 
 std::string ownPath()

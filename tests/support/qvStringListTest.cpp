@@ -46,6 +46,10 @@ static_assert(
     std::is_same_v<decltype(&List::append), void (List::*)(Text const&, bool const&, bool const&)>);
 static_assert(std::is_same_v<decltype(&List::insert), void (List::*)(int const&, Text const&)>);
 static_assert(std::is_same_v<decltype(&List::removeAt), void (List::*)(int const&)>);
+static_assert(std::is_same_v<decltype(&List::init), void (List::*)()>);
+static_assert(std::is_same_v<decltype(&List::find), int (List::*)(Text const&, bool const&)>);
+static_assert(
+    std::is_same_v<decltype(&List::findContains), int (List::*)(Text const&, bool const&)>);
 static_assert(std::is_same_v<decltype(&List::at), Text const& (List::*)(int const&) const>);
 static_assert(std::is_same_v<decltype(&List::atAsChar), char const* (List::*)(int const&) const>);
 static_assert(std::is_same_v<decltype(&List::sort), void (List::*)(bool const&)>);
@@ -284,6 +288,26 @@ TEST(QvStringList, KeepsTheReservedWordWithTheSlot)
     list.insert(0, text);
     EXPECT_EQ(elements(list), (Texts{"c", "a", "c", "d"}));
     expectMarks(4);
+}
+
+// However short a text is, its whole character area travels with it, old units included.
+TEST(QvStringList, MovesWholeCharacterAreas)
+{
+    auto const unitsOf = [](Text const& element) {
+        return std::u16string(element.text, element.text + 501);
+    };
+    Text inserted = text500(std::string(500, 'i'));
+    Text moved = text500(std::string(500, 'm'));
+    inserted.length = moved.length = 0;
+    inserted.text[0] = moved.text[0] = 0;
+    List list;
+    list.append(moved, false, false);
+    list.insert(0, inserted);
+    EXPECT_EQ(elements(list), (Texts{"", ""}));
+    EXPECT_EQ(unitsOf(list.items[0]), unitsOf(inserted));
+    EXPECT_EQ(unitsOf(list.items[1]), unitsOf(moved));
+    list.removeAt(0);
+    EXPECT_EQ(unitsOf(list.items[0]), unitsOf(moved));
 }
 
 TEST(QvStringListAt, FallsBackToTheFirstSlot)
