@@ -19,28 +19,25 @@ Lanes<Unit, bytes> difference(Unit const* a, Unit const* b)
         return Block(a).template foldedFirst<mode>() ^ Block(b);
 }
 
-/// Index of the first unit that differs, or `count`, which is at least a block. The last block
-/// reaches back into the one before it, so that no unit is taken by itself.
-template <Case mode, unsigned bytes, typename Unit>
+/// Index of the first unit that differs, or `count`. Goes so many blocks at a time, which is at
+/// most `count`; the last step reaches back into the one before it, so that no unit is taken by
+/// itself.
+template <Case mode, unsigned bytes, unsigned blocks, typename Unit>
 unsigned mismatchByBlocks(Unit const* a, Unit const* b, unsigned count)
 {
     constexpr unsigned size = Lanes<Unit, bytes>::size;
-    auto const differenceAt = [a, b](unsigned i) { return difference<mode, bytes>(a + i, b + i); };
-    unsigned i = 0;
-    // A long way is gone four blocks at a time; only the widest blocks ever have one.
-    if constexpr (bytes == 16) {
-        auto const fourDiffer = [&] {
-            return (differenceAt(i) | differenceAt(i + size) | differenceAt(i + 2 * size) |
-                    differenceAt(i + 3 * size))
-                .any();
-        };
-        while (i + 4 * size <= count && !fourDiffer())
-            i += 4 * size;
-    }
-    for (unsigned const last = count - size;; i += size) {
-        i = std::min(i, last);
-        if (auto const found = differenceAt(i); found.any())
-            return i + found.firstSet();
+    constexpr unsigned step = blocks * size;
+    unsigned const last = count - step;
+    for (unsigned i = 0;; i = std::min(i + step, last)) {
+        auto found = difference<mode, bytes>(a + i, b + i);
+        for (unsigned at = i + size; at < i + step; at += size)
+            found = found | difference<mode, bytes>(a + at, b + at);
+        if (found.any()) {
+            if constexpr (blocks == 1)
+                return i + found.firstSet();
+            else
+                return i + mismatchByBlocks<mode, bytes, 1>(a + i, b + i, step);
+        }
         if (i == last)
             return count;
     }
@@ -51,10 +48,13 @@ unsigned mismatchByBlocks(Unit const* a, Unit const* b, unsigned count)
 template <Case mode, typename Unit>
 unsigned mismatch(Unit const* a, Unit const* b, unsigned count)
 {
-    if (count >= Lanes<Unit, 16>::size)
-        return mismatchByBlocks<mode, 16>(a, b, count);
-    if (count >= Lanes<Unit, 8>::size)
-        return mismatchByBlocks<mode, 8>(a, b, count);
+    std::size_t const bytes = count * sizeof(Unit);
+    if (bytes >= 64)
+        return mismatchByBlocks<mode, 16, 4>(a, b, count);
+    if (bytes >= 16)
+        return mismatchByBlocks<mode, 16, 1>(a, b, count);
+    if (bytes >= 8)
+        return mismatchByBlocks<mode, 8, 1>(a, b, count);
     unsigned i = 0;
     while (i < count && foldFirst<mode>(a[i]) == foldSecond<mode>(b[i]))
         ++i;

@@ -164,8 +164,8 @@ def judge(mutants, killers, programs, explanations):
             count["explained"] += 1
         else:
             count["survived"] += 1
-            where = f"line {mutant.line}" + ("" if mutant.number in reached else ", not reached")
-            unexplained.append(f"survived ({where}): {key}")
+            reach = "" if mutant.number in reached else ", not reached"
+            unexplained.append(f"survived (line {mutant.line} of {mutant.symbol}{reach}): {key}")
     columns = ("mutants", "killed", "explained", "survived")
     table([("source", *columns),
            *((source, *(count[column] for column in columns)) for source, count in counts.items())])

@@ -1,4 +1,4 @@
-// Searches of texts whose spans are much alike, so that nearly every one has to be looked at: a
+// Texts that are much alike, or whose spans are, so that nearly every one has to be looked at: a
 // text of two letters in random order. What is expected is the plain first match.
 
 #include "strings/qvString.h"
@@ -99,6 +99,41 @@ TYPED_TEST(AlikeText, IsSearchedToTheFirstMatch)
                 EXPECT_EQ(mixed.containsUpperCaseInput(upper), isThere);
                 EXPECT_EQ(plain.containsUpperCaseInput(TypeParam(pattern.c_str())), false);
             }
+        }
+    }
+}
+
+// Of two texts that differ in one place alone, or from there on the other way, at every place of
+// every length up to where blocks of all sizes have followed one another.
+TYPED_TEST(AlikeText, TheFirstDifferenceIsToldAtEveryPlace)
+{
+    for (std::size_t size = 1; size <= 140; ++size) {
+        std::string const letters = twoLetters(size, 5);
+        TypeParam const text(letters.c_str());
+        TypeParam const upper(upperCase(letters).c_str());
+        TypeParam const longer((letters + "-").c_str());
+        ASSERT_TRUE(text.isEqual(upper) && text.isEqualUpperCaseInput(upper) &&
+                    upper.isEqualLowerCaseInput(text) && text.compare(upper) == 0)
+            << size;
+        ASSERT_TRUE(longer.indexOf(upper, 0) == 0 && longer.indexOfCaseSen(text, 0) == 0 &&
+                    longer.containsUpperCaseInput(upper))
+            << size;
+        for (std::size_t place = 0; place < size; ++place) {
+            std::string const greater =
+                letters.substr(0, place) + 'c' + std::string(size - place - 1, '-');
+            ASSERT_LT(text.compare(TypeParam(greater.c_str())), 0) << size << " at " << place;
+
+            std::string single = letters;
+            single[place] = 'c';
+            TypeParam const pattern(single.c_str());
+            TypeParam const patternUpper(upperCase(single).c_str());
+            ASSERT_TRUE(!text.isEqual(patternUpper) && !text.isEqualUpperCaseInput(patternUpper) &&
+                        !upper.isEqualLowerCaseInput(pattern))
+                << size << " at " << place;
+            ASSERT_TRUE(longer.indexOf(patternUpper, 0) == -1 &&
+                        longer.indexOfCaseSen(pattern, 0) == -1 &&
+                        !longer.containsUpperCaseInput(patternUpper))
+                << size << " at " << place;
         }
     }
 }
