@@ -196,6 +196,17 @@ TEST(Core8ConstructCases, EveryLengthIsCopiedAndTheRestCleared)
     }
 }
 
+// A long rest is cleared from an aligned byte on, whatever the bytes ahead of it.
+TEST(Core8ConstructCases, ALongRestIsClearedBehindEveryLength)
+{
+    using S = _qvString8_allSize<5000>;
+    for (std::size_t length = 0; length <= 70; ++length) {
+        Guarded<S> const string(letters(length).c_str());
+        EXPECT_EQ(string.bytes(), clearedImage<S>(letters(length))) << length;
+        EXPECT_TRUE(string.guardsStand());
+    }
+}
+
 TEST(Core8ConstructCases, LengthIsStoredLowByteFirst)
 {
     Guarded<_qvString8_allSize<500>> const string(letters(300).c_str());
