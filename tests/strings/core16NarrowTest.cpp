@@ -108,28 +108,23 @@ TYPED_TEST(Narrow16, theTargetIsClearedAndItsLengthIsNotClipped)
     }
 }
 
-/// The result of a conversion, built right on stale bytes.
+/// The result of a conversion, built right on stale bytes: all behind its text is zero, the spare
+/// byte too.
 TYPED_TEST(Narrow16, clearsTheTargetWhereverItIsBuilt)
 {
     Laid<TypeParam> source(u"abc");
-    alignas(2) unsigned char storage[sizeof(String8<500>)];
-    std::memset(storage, staleByte, sizeof storage);
-    auto* const small = ::new (storage) String8<250>(source->to_qvString8_250());
-    EXPECT_TRUE(isNarrow<250>(*small, 3, "abc"));
-    std::memset(storage, staleByte, sizeof storage);
-    auto* const large = ::new (storage) String8<500>(source->to_qvString8_500());
-    EXPECT_TRUE(isNarrow<500>(*large, 3, "abc"));
-}
-
-// The whole image of the target is zero behind its text, the spare byte too, whatever lay there.
-TEST(NarrowExamples16, theSpareByteIsZero)
-{
-    Laid<_qvString<250>> source(letters(3));
-    alignas(_qvString8_allSize<500>) unsigned char storage[sizeof(_qvString8_allSize<500>)];
-    std::memset(storage, 0xAA, sizeof storage);
-    EXPECT_EQ((::new (storage) _qvString8_allSize<250>(source->to_qvString8_250()))->pad, 0);
-    std::memset(storage, 0xAA, sizeof storage);
-    EXPECT_EQ((::new (storage) _qvString8_allSize<500>(source->to_qvString8_500()))->pad, 0);
+    auto const expectClear = [](auto const& convert) {
+        using Target = decltype(convert());
+        alignas(Target) unsigned char storage[sizeof(Target)];
+        std::memset(storage, staleByte, sizeof storage);
+        auto* const built = ::new (storage) Target(convert());
+        EXPECT_TRUE(isNarrow(*built, 3, "abc"));
+        EXPECT_EQ(built->pad, 0);
+    };
+    expectClear([&source] { return source->to_qvString8_250(); });
+    expectClear([&source] { return source->to_qvString8_500(); });
+    expectClear([&source] { return source->operator String8<250>(); });
+    expectClear([&source] { return source->operator String8<500>(); });
 }
 
 TEST(NarrowExamples16, fullTextsOfTheTargetsCapacity)
