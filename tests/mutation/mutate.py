@@ -71,12 +71,15 @@ def withoutIdle(mutants, programs):
             if mutant.source not in CAPACITIES or mutant.symbol in running]
 
 
-def doubtful(mutants, explanations):
-    """Without those of which survivors.txt says that no test can kill them."""
-    keys = {mutant.number: (mutant.symbol, survivors.keyOf(mutant, ROOT)) for mutant in mutants}
-    alike = collections.Counter(keys.values())
+def doubtful(mutants, every, explanations):
+    """Without those of which survivors.txt says that no test can kill them. Where it explains only
+    some of those that read alike, all of them are tried, also when a sample took only one."""
+    def place(mutant):
+        return mutant.symbol, survivors.keyOf(mutant, ROOT)
+
+    alike = collections.Counter(place(mutant) for mutant in every)
     return [mutant for mutant in mutants
-            if alike[keys[mutant.number]] > explanations[keys[mutant.number][1]]]
+            if alike[place(mutant)] > explanations[place(mutant)[1]]]
 
 
 def sample(mutants, size):
@@ -198,10 +201,10 @@ def main():
         # What the linker left out is a second copy, or a function that nobody calls.
         mutants = [mutant for mutant in builder.mutants if options.source in mutant.source
                    and any(image.holds(mutant) for image in images.values())]
-        mutants = withoutIdle(mutants, programs)
+        mutants = every = withoutIdle(mutants, programs)
         if options.sample is not None:
             mutants = sample(mutants, options.sample)
-        functions = byFunction(mutants if options.all else doubtful(mutants, explanations))
+        functions = byFunction(mutants if options.all else doubtful(mutants, every, explanations))
         say(f"{len(builder.mutants)} mutants found, {len(mutants)} taken, "
             f"{sum(map(len, functions))} of them to be tried")
         trials = Trials(programs, images, options)
