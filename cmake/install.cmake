@@ -27,6 +27,7 @@ install(DIRECTORY segment strings support DESTINATION ${qvHeaders} COMPONENT dev
     PATTERN applicationPath.h EXCLUDE
     PATTERN executablePath.h EXCLUDE
     PATTERN lanes.h EXCLUDE
+    PATTERN mismatch.h EXCLUDE
     PATTERN segmentKey.h EXCLUDE
     PATTERN systemErrorText.h EXCLUDE)
 install(FILES sender/qvClientCommandName.h sender/qvClientMailbox.h sender/qv_AppType.h

@@ -37,10 +37,6 @@ constexpr Unit foldSecond(Unit unit)
     return mode == Case::folded ? foldUpper(unit) : unit;
 }
 
-/// Index of the first of `count` units that differs in the given case, or `count`.
-template <Case mode, typename Unit>
-unsigned mismatch(Unit const* a, Unit const* b, unsigned count);
-
 /// True when `count` units are equal in the given case.
 template <Case mode, typename Unit>
 bool equal(Unit const* a, Unit const* b, unsigned count);

@@ -3,18 +3,16 @@
 #include "strings/core/compare.h"
 
 #include <bit>
-#include <cstdint>
 #include <cstring>
+#include <emmintrin.h>
 #include <limits>
 #include <type_traits>
 
 /// Several neighbouring units at once, in what compilers call a vector: one step on all of them
-/// costs what a step on one does, on every machine that the farm has. The images are
-/// little-endian, and so is the order of lanes in a word here.
+/// costs what a step on one does. Only a bit for each lane takes an instruction by its own name:
+/// SSE2, which every x86-64 machine has.
 
 namespace qvStrings {
-
-static_assert(std::endian::native == std::endian::little);
 
 /// As many units as fit into `bytes`, each in a lane of its own.
 template <typename Unit, unsigned bytes>
@@ -54,26 +52,17 @@ public:
         return Lanes((a.lanes_ ^ b.lanes_) & ~(lower.letters('a') & caseBit));
     }
 
-    /// All bits set in the lanes that are zero.
-    Lanes isZero() const { return Lanes(std::bit_cast<Vector>(lanes_ == Vector{})); }
+    /// A bit for every lane, the first one's lowest: set where the lane is zero.
+    unsigned zeros() const { return bits(zeroLanes(), _mm_setzero_si128()); }
 
-    bool any() const { return (word(0) | word(wordCount - 1)) != 0; }
-
-    /// Index of the first lane that is not zero; at least one is not.
-    unsigned firstSet() const
+    /// The same for two runs of lanes that follow each other.
+    static unsigned zeros(Lanes first, Lanes second)
     {
-        constexpr unsigned wordBits = 64;
-        constexpr unsigned laneBits = 8 * sizeof(Unit);
-        unsigned const bit =
-            word(0) != 0 ? firstBit(word(0)) : wordBits + firstBit(word(wordCount - 1));
-        return bit / laneBits;
+        static_assert(2 * size <= 16);
+        return bits(first.zeroLanes(), second.zeroLanes());
     }
 
 private:
-    using Word = std::uint64_t;
-    typedef Word Words __attribute__((vector_size(bytes)));
-    static constexpr unsigned wordCount = bytes / sizeof(Word);
-    static_assert(wordCount == 1 || wordCount == 2);
     static constexpr Lane caseBit = 'a' ^ 'A';
 
     explicit Lanes(Vector lanes) : lanes_(lanes) {}
@@ -90,9 +79,24 @@ private:
         return std::bit_cast<Vector>(moved < static_cast<Signed>(lowest + 26));
     }
 
-    static unsigned firstBit(Word word) { return static_cast<unsigned>(std::countr_zero(word)); }
+    /// All bits set in the lanes that are zero, and none behind the lanes.
+    __m128i zeroLanes() const
+    {
+        auto const zero = lanes_ == Vector{};
+        if constexpr (bytes == sizeof(__m128i))
+            return std::bit_cast<__m128i>(zero);
+        else
+            return _mm_cvtsi64_si128(std::bit_cast<long long>(zero));
+    }
 
-    Word word(unsigned i) const { return std::bit_cast<Words>(lanes_)[i]; }
+    /// A bit for every lane of the first register, and behind them of the second one if its lanes
+    /// are wide.
+    static unsigned bits(__m128i first, __m128i second)
+    {
+        if constexpr (sizeof(Unit) == 2)
+            first = _mm_packs_epi16(first, second);
+        return static_cast<unsigned>(_mm_movemask_epi8(first));
+    }
 
     Vector lanes_;
 };

@@ -1,8 +1,9 @@
 #include "strings/core/search.h"
 
-#include "strings/core/lanes.h"
+#include "strings/core/mismatch.h"
 
 #include <algorithm>
+#include <bit>
 #include <numeric>
 
 namespace qvStrings {
@@ -107,55 +108,157 @@ private:
     Block mask_;
 };
 
-/// The place in the pattern of the second unit to sieve by: the last that differs from the first
-/// one. The ends are often the same ("/.../"), and two equal sieves stop little more than one.
+/// The place in the pattern of the second unit to sieve by: its end, or its middle where both ends
+/// are the same ("/.../"), since two equal sieves stop little more than one.
 template <typename Unit>
 unsigned tellingPlace(Unit const* pattern, unsigned count)
 {
-    unsigned place = count - 1;
-    while (place > 0 && pattern[place] == pattern[0])
-        --place;
-    return place > 0 ? place : count - 1;
+    return pattern[count - 1] != pattern[0] ? count - 1 : count / 2;
 }
 
-/// The search over at least a block of spans. Most spans are told apart by two of their units, a
-/// block of spans at a time: the first, and one that moves to where the last refused span
-/// differed, since in periodic text the next ones differ there too. Where even that lets too many
-/// through the sum filter takes over: it looks at every unit once, however much the spans are
-/// alike.
-template <Case mode, unsigned bytes, typename Unit>
-int findByBlocks(Unit const* text, unsigned length, Unit const* pattern, unsigned count,
-                 unsigned begin)
+/// Tells most spans of a text apart by two of their units, a block of `size` spans at a time: the
+/// first unit, and one that moves to where the last refused span differed, since in periodic text
+/// the next ones differ there too.
+template <Case mode, unsigned size, typename Unit>
+class Sift
 {
+    static constexpr unsigned bytes = std::min<unsigned>(16, size * sizeof(Unit));
     using Block = Lanes<Unit, bytes>;
-    constexpr unsigned patience = 16;
-    unsigned const lastBlock = length - count + 1 - Block::size;
-    using Wide = BlockSieve<mode, bytes, Unit>;
-    Wide const first(pattern[0]);
-    unsigned place = tellingPlace(pattern, count);
-    Wide second(pattern[place]);
-    unsigned refused = 0;
-    // The last block reaches back into the one before it, whose spans are refused once more.
-    for (unsigned i = begin;; i = std::min(i + Block::size, lastBlock)) {
-        Block passed = (first.difference(text + i) | second.difference(text + i + place)).isZero();
-        if (passed.any()) {
-            do {
-                unsigned const span = i + passed.firstSet();
-                place = mismatch<mode>(text + span, pattern, count);
-                if (place == count)
-                    return static_cast<int>(span);
-                ++refused;
-                second = Wide(pattern[place]);
-                passed = passed & second.difference(text + i + place).isZero();
-            } while (passed.any());
-            // A damaged length is more than a folded copy holds; it does without the filter.
-            if (refused > patience + (i - begin) / patience &&
-                (mode == Case::exact || length <= maxCapacity))
-                return slideBySumIn<mode>(text, length, pattern, count, i + Block::size);
-        }
-        if (i == lastBlock)
-            return -1;
+
+public:
+    /// Over the spans from `begin` to `lastSpan`, which are at least a block.
+    Sift(Unit const* begin, Unit const* lastSpan, Unit const* pattern, unsigned place)
+        : block_(begin),
+          last_(lastSpan + 1 - size),
+          pattern_(pattern),
+          place_(place),
+          first_(pattern[0]),
+          second_(pattern[place])
+    {}
+
+    /// Goes on to the first block that lets spans pass, beginning with the one where it stands.
+    bool seek()
+    {
+        do {
+            passed_ = zeros([this](Unit const* units) {
+                return first_.difference(units) | second_.difference(units + place_);
+            });
+            if (passed_ != 0)
+                return true;
+        } while (advance());
+        return false;
     }
+
+    /// Goes to the next block. The last one reaches back into the one before it, whose spans are
+    /// refused once more.
+    bool advance()
+    {
+        if (block_ == last_)
+            return false;
+        block_ = std::min(end(), last_);
+        return true;
+    }
+
+    bool any() const { return passed_ != 0; }
+
+    /// The first span of the block that has passed.
+    Unit const* span() const { return block_ + std::countr_zero(passed_); }
+
+    /// Where the next block begins.
+    Unit const* end() const { return block_ + size; }
+
+    /// Refuses that span, which differs at this place, and all that differ there in the same way.
+    void refuse(unsigned place)
+    {
+        place_ = place;
+        second_ = BlockSieve<mode, bytes, Unit>(pattern_[place]);
+        passed_ &= zeros([this](Unit const* units) { return second_.difference(units + place_); });
+    }
+
+private:
+    /// A bit for every span of the block whose difference is 0.
+    template <typename Difference>
+    unsigned zeros(Difference difference) const
+    {
+        if constexpr (size == Block::size)
+            return difference(block_).zeros();
+        else
+            return Block::zeros(difference(block_), difference(block_ + Block::size));
+    }
+
+    Unit const* block_;
+    Unit const* last_;
+    Unit const* pattern_;
+    unsigned place_;
+    unsigned passed_ = 0;
+    BlockSieve<mode, bytes, Unit> first_;
+    BlockSieve<mode, bytes, Unit> second_;
+};
+
+/// The search where spans look alike: one at `begin` has passed the sieve and differed. A sieve
+/// that learns helps, and where even that lets too many through the sum filter, which looks at
+/// every unit once, however much the spans are alike.
+template <Case mode, unsigned size, typename Unit>
+[[gnu::noinline]] int findAmongAlike(Unit const* begin, Unit const* lastSpan, Unit const* pattern,
+                                     unsigned count, Unit const* text, unsigned differing)
+{
+    constexpr unsigned patience = 16;
+    Sift<mode, size, Unit> sift(std::min(begin, lastSpan + 1 - size), lastSpan, pattern, differing);
+    unsigned refused = 1;
+    do {
+        if (!sift.seek())
+            return -1;
+        do {
+            unsigned const place = mismatch<mode>(sift.span(), pattern, count);
+            if (place == count)
+                return static_cast<int>(sift.span() - text);
+            ++refused;
+            sift.refuse(place);
+        } while (sift.any());
+        // A damaged length is more than a folded copy holds; it does without the filter.
+        auto const length = static_cast<unsigned>(lastSpan - text) + count;
+        if (refused > patience + static_cast<unsigned>(sift.end() - begin) / patience &&
+            (mode == Case::exact || length <= maxCapacity))
+            return slideBySumIn<mode>(text, length, pattern, count,
+                                      static_cast<unsigned>(sift.end() - text));
+    } while (sift.advance());
+    return -1;
+}
+
+/// Goes on where a span has passed the sieve. By itself, so that a search which ends there needs no
+/// registers saved.
+template <Case mode, unsigned size, typename Unit>
+[[gnu::noinline, gnu::flatten]] int findFrom(Unit const* span, Unit const* lastSpan,
+                                             Unit const* pattern, unsigned count, Unit const* text)
+{
+    unsigned const differing = mismatch<mode>(span, pattern, count);
+    if (differing == count)
+        return static_cast<int>(span - text);
+    return findAmongAlike<mode, size>(span, lastSpan, pattern, count, text, differing);
+}
+
+/// The search over at least a block of spans. Most end at the first span that passes the sieve, or
+/// without one.
+template <Case mode, unsigned size, typename Unit>
+int findByBlocks(Unit const* begin, Unit const* lastSpan, Unit const* pattern, unsigned count,
+                 Unit const* text)
+{
+    Sift<mode, size, Unit> sift(begin, lastSpan, pattern, tellingPlace(pattern, count));
+    if (!sift.seek())
+        return -1;
+    return findFrom<mode, size>(sift.span(), lastSpan, pattern, count, text);
+}
+
+/// The search over less than a block of spans.
+template <Case mode, typename Unit>
+[[gnu::noinline]] int findByUnits(Unit const* begin, Unit const* lastSpan, Unit const* pattern,
+                                  unsigned count, Unit const* text)
+{
+    Sieve<mode, Unit> const first(pattern[0]);
+    for (Unit const* span = begin; span <= lastSpan; ++span)
+        if (first.difference(*span) == 0 && equal<mode>(span, pattern, count))
+            return static_cast<int>(span - text);
+    return -1;
 }
 
 } // namespace
@@ -164,25 +267,16 @@ template <Case mode, typename Unit>
 int find(TextRef<Unit const> self, Unit const* pattern, unsigned count, int start)
 {
     Unit const* const text = self.text();
-    unsigned const length = self.length();
-    if (count == 0 || count + static_cast<long long>(start) > length)
+    int const begin = std::max(start, 0);
+    int const lastSpan = static_cast<int>(self.length()) - static_cast<int>(count);
+    if (count == 0 || begin > lastSpan)
         return -1;
-    if (count == length)
-        return equal<mode>(text, pattern, count) ? 0 : -1;
-    if (count > length)
-        return -1; // only a negative start comes here
-
-    auto const begin = static_cast<unsigned>(std::max(start, 0));
-    unsigned const end = length - count + 1;
-    if (end - begin >= Lanes<Unit, 16>::size)
-        return findByBlocks<mode, 16>(text, length, pattern, count, begin);
-    if (end - begin >= Lanes<Unit, 8>::size)
-        return findByBlocks<mode, 8>(text, length, pattern, count, begin);
-    Sieve<mode, Unit> const first(pattern[0]);
-    for (unsigned i = begin; i < end; ++i)
-        if (first.difference(text[i]) == 0 && equal<mode>(text + i, pattern, count))
-            return static_cast<int>(i);
-    return -1;
+    int const spans = lastSpan - begin + 1;
+    if (spans >= 16)
+        return findByBlocks<mode, 16>(text + begin, text + lastSpan, pattern, count, text);
+    if (spans >= 8)
+        return findByBlocks<mode, 8>(text + begin, text + lastSpan, pattern, count, text);
+    return findByUnits<mode>(text + begin, text + lastSpan, pattern, count, text);
 }
 
 template <typename Unit>

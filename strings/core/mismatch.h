@@ -1,0 +1,68 @@
+#pragma once
+
+#include "strings/core/lanes.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstddef>
+
+/// Where two runs of units differ first: what folded comparisons and searches stand on. Inline, so
+/// that a search which verifies a span calls nothing.
+
+namespace qvStrings {
+
+/// The lanes in which two blocks differ.
+template <Case mode, unsigned bytes, typename Unit>
+Lanes<Unit, bytes> difference(Unit const* a, Unit const* b)
+{
+    using Block = Lanes<Unit, bytes>;
+    if constexpr (mode == Case::folded)
+        return Block::foldedDifference(Block(a), Block(b));
+    else
+        return Block(a).template foldedFirst<mode>() ^ Block(b);
+}
+
+/// Index of the first unit that differs, or `count`. Goes so many blocks at a time, which is at
+/// most `count`; the last step reaches back into the one before it, so that no unit is taken by
+/// itself.
+template <Case mode, unsigned bytes, unsigned blocks, typename Unit>
+unsigned mismatchByBlocks(Unit const* a, Unit const* b, unsigned count)
+{
+    constexpr std::size_t size = Lanes<Unit, bytes>::size;
+    constexpr std::size_t step = blocks * size;
+    std::size_t const last = count - step;
+    for (std::size_t i = 0;; i = std::min(i + step, last)) {
+        auto found = difference<mode, bytes>(a + i, b + i);
+        for (std::size_t at = size; at < step; at += size)
+            found = found | difference<mode, bytes>(a + i + at, b + i + at);
+        unsigned const equal = found.zeros();
+        if (equal != (1u << size) - 1) {
+            auto const at = static_cast<unsigned>(i);
+            if constexpr (blocks == 1)
+                return at + static_cast<unsigned>(std::countr_one(equal));
+            else
+                return at + mismatchByBlocks<mode, bytes, 1>(a + i, b + i, step);
+        }
+        if (i == last)
+            return count;
+    }
+}
+
+/// Index of the first of `count` units that differs in the given case, or `count`.
+template <Case mode, typename Unit>
+unsigned mismatch(Unit const* a, Unit const* b, unsigned count)
+{
+    std::size_t const bytes = count * sizeof(Unit);
+    if (bytes >= 64)
+        return mismatchByBlocks<mode, 16, 4>(a, b, count);
+    if (bytes >= 16)
+        return mismatchByBlocks<mode, 16, 1>(a, b, count);
+    if (bytes >= 8)
+        return mismatchByBlocks<mode, 8, 1>(a, b, count);
+    unsigned i = 0;
+    while (i < count && foldFirst<mode>(a[i]) == foldSecond<mode>(b[i]))
+        ++i;
+    return i;
+}
+
+} // namespace qvStrings
