@@ -39,13 +39,16 @@ void append(TextRef<Unit> self, Unit const* source, unsigned count);
 template <typename Unit>
 void appendRepeating(TextRef<Unit> self, TextRef<Unit const> source);
 
-/// Puts one unit where the text ends, without asking for room. Terminator.
+/// Puts one unit where the text ends, without asking for room. Terminator. The length is stored
+/// last, so that the compiler still knows it when the next unit follows.
 template <typename Unit>
 void putUnit(TextRef<Unit> self, Unit unit)
 {
     unsigned const length = self.length();
+    auto const end = static_cast<unsigned short>(length + 1);
     self.text()[length] = unit;
-    self.endAt(length + 1);
+    self.text()[end] = 0;
+    self.storeLength(end);
 }
 
 /// Appends one unit when there is room for it; else changes nothing, not even the terminator.
