@@ -9,6 +9,12 @@ namespace qvStrings {
 
 namespace {
 
+/// Up to how many bytes a run is moved without a call. Most texts are words.
+constexpr std::size_t longestWord = 32;
+
+/// From how many bytes on the C library may take string instructions, on any machine.
+constexpr std::size_t stringInstructions = 2048;
+
 /// Moves `size` bytes at either end of a run of at least `size` and at most twice as many: both
 /// are loaded before one of them is stored, so the ranges may overlap.
 template <std::size_t size>
@@ -22,6 +28,24 @@ void moveEnds(unsigned char* target, unsigned char const* source, std::size_t co
     std::memcpy(target + count - size, &tail, size);
 }
 
+/// Moves a run in pieces too short for string instructions, which are 20 times slower where the
+/// target lies a few bytes above the source in its page. In one piece where it lies that close
+/// above the source itself: a later piece would read what an earlier one has written. Not inline,
+/// which would make short moves save registers.
+[[gnu::noinline]] void moveLong(unsigned char* target, unsigned char const* source,
+                                std::size_t count)
+{
+    auto const ahead =
+        reinterpret_cast<std::uintptr_t>(target) - reinterpret_cast<std::uintptr_t>(source);
+    while (count > stringInstructions && ahead >= count) {
+        std::memmove(target, source, stringInstructions);
+        target += stringInstructions;
+        source += stringInstructions;
+        count -= stringInstructions;
+    }
+    std::memmove(target, source, count);
+}
+
 /// Zeroes `size` bytes at either end of a run of at least `size` and at most twice as many.
 template <std::size_t size>
 void zeroEnds(unsigned char* target, std::size_t count)
@@ -30,8 +54,8 @@ void zeroEnds(unsigned char* target, std::size_t count)
     std::memset(target + count - size, 0, size);
 }
 
-/// Zeroes a run long enough for the C library to take string instructions, which are a quarter
-/// slower from an unaligned byte on.
+/// Zeroes a run long enough for string instructions, which are a quarter slower from an unaligned
+/// byte on.
 void zeroLong(unsigned char* target, std::size_t count)
 {
     constexpr std::size_t alignment = 32;
@@ -46,7 +70,7 @@ void zeroUnits(Unit* target, unsigned count)
 {
     auto* const to = reinterpret_cast<unsigned char*>(target);
     std::size_t const bytes = count * sizeof(Unit);
-    if (bytes > 2048)
+    if (bytes > stringInstructions)
         zeroLong(to, bytes);
     else if (bytes > 64 || bytes < 16)
         std::memset(to, 0, bytes);
@@ -54,6 +78,22 @@ void zeroUnits(Unit* target, unsigned count)
         zeroEnds<32>(to, bytes);
     else
         zeroEnds<16>(to, bytes);
+}
+
+/// `assignCleared` with a count that fits.
+template <typename Unit>
+void placeCleared(TextRef<Unit> self, Unit const* source, unsigned count)
+{
+    moveUnits(source, count, self.text());
+    self.storeLength(count);
+    zeroUnits(self.text() + count, self.capacity() + 1 - count);
+}
+
+/// The same where the move calls: inline it would make that of words save registers.
+template <typename Unit>
+[[gnu::noinline]] void placeClearedByCall(TextRef<Unit> self, Unit const* source, unsigned count)
+{
+    placeCleared(self, source, count);
 }
 
 } // namespace
@@ -64,9 +104,12 @@ void moveUnits(Unit const* source, unsigned count, Unit* target)
     auto const* const from = reinterpret_cast<unsigned char const*>(source);
     auto* const to = reinterpret_cast<unsigned char*>(target);
     std::size_t const bytes = count * sizeof(Unit);
-    if (bytes > 32)
-        std::memmove(to, from, bytes);
-    else if (bytes >= 16)
+    if (bytes > longestWord) [[unlikely]] {
+        if (bytes > stringInstructions)
+            moveLong(to, from, bytes);
+        else
+            std::memmove(to, from, bytes);
+    } else if (bytes >= 16)
         moveEnds<16>(to, from, bytes);
     else if (bytes >= 8)
         moveEnds<8>(to, from, bytes);
@@ -88,9 +131,10 @@ template <typename Unit>
 void assignCleared(TextRef<Unit> self, Unit const* source, unsigned count)
 {
     unsigned const kept = std::min(count, self.capacity());
-    moveUnits(source, kept, self.text());
-    self.storeLength(kept);
-    zeroUnits(self.text() + kept, self.capacity() + 1 - kept);
+    if (kept * sizeof(Unit) > longestWord) [[unlikely]]
+        placeClearedByCall(self, source, kept);
+    else
+        placeCleared(self, source, kept);
 }
 
 template <typename Unit>

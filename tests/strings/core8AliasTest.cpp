@@ -189,6 +189,26 @@ TEST(Core8AliasCases, OverlappingRangesOfEveryLengthMoveWhole)
     }
 }
 
+TEST(Core8AliasCases, OverlappingRangesOfLongTextsMoveWhole)
+{
+    Guarded<_qvString8_allSize<5000>> string;
+    std::string const text = letters(5000);
+    for (std::size_t const distance : {1U, 25U, 900U, 2047U, 2048U, 2049U, 2500U}) {
+        for (unsigned int const length : {2047U, 2048U, 2049U, 2500U, 4096U, 4097U, 5000U}) {
+            SCOPED_TRACE(testing::Message() << length << " by " << distance);
+            std::size_t const inside = std::min<std::size_t>(length, 5000 - distance);
+            string.lay(text);
+            string->fromChar(string->asChar() + distance, static_cast<int>(inside));
+            EXPECT_TRUE(holds(*string, text.substr(distance, inside)));
+
+            string.lay(text).layLength(distance);
+            string->add(string->asChar(), length);
+            EXPECT_TRUE(holds(*string, text.substr(0, distance) + text.substr(0, inside)));
+            EXPECT_TRUE(string.guardsStand());
+        }
+    }
+}
+
 TEST(Core8AliasCases, AbcInSevenRepeatsWithPlusAssignAndDoublesWithAdd)
 {
     _qvString8_allSize<7> repeated("abc");
