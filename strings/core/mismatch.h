@@ -48,13 +48,12 @@ unsigned mismatchByBlocks(Unit const* a, Unit const* b, unsigned count)
     }
 }
 
-/// Index of the first of `count` units that differs in the given case, or `count`.
+/// Index of the first of `count` units that differs in the given case, or `count`. Made for short
+/// runs.
 template <Case mode, typename Unit>
-unsigned mismatch(Unit const* a, Unit const* b, unsigned count)
+unsigned mismatchOfShort(Unit const* a, Unit const* b, unsigned count)
 {
     std::size_t const bytes = count * sizeof(Unit);
-    if (bytes >= 64)
-        return mismatchByBlocks<mode, 16, 4>(a, b, count);
     if (bytes >= 16)
         return mismatchByBlocks<mode, 16, 1>(a, b, count);
     if (bytes >= 8)
@@ -63,6 +62,15 @@ unsigned mismatch(Unit const* a, Unit const* b, unsigned count)
     while (i < count && foldFirst<mode>(a[i]) == foldSecond<mode>(b[i]))
         ++i;
     return i;
+}
+
+/// The same, made for runs of any length.
+template <Case mode, typename Unit>
+unsigned mismatch(Unit const* a, Unit const* b, unsigned count)
+{
+    if (count * sizeof(Unit) >= 64)
+        return mismatchByBlocks<mode, 16, 4>(a, b, count);
+    return mismatchOfShort<mode>(a, b, count);
 }
 
 } // namespace qvStrings

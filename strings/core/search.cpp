@@ -195,25 +195,37 @@ private:
     BlockSieve<mode, bytes, Unit> second_;
 };
 
-/// The search where spans look alike: one at `begin` has passed the sieve and differed. A sieve
-/// that learns helps, and where even that lets too many through the sum filter, which looks at
-/// every unit once, however much the spans are alike.
+/// The search over less than a block of spans.
+template <Case mode, typename Unit>
+[[gnu::noinline]] int findByUnits(Unit const* begin, Unit const* lastSpan, Unit const* pattern,
+                                  unsigned count, Unit const* text)
+{
+    Sieve<mode, Unit> const first(pattern[0]);
+    for (Unit const* span = begin; span <= lastSpan; ++span)
+        if (first.difference(*span) == 0 && equal<mode>(span, pattern, count))
+            return static_cast<int>(span - text);
+    return -1;
+}
+
+/// The search where spans look alike: one has differed at `place`. A sieve that learns helps, and
+/// where even that lets too many through the sum filter, which looks at every unit once, however
+/// much the spans are alike.
 template <Case mode, unsigned size, typename Unit>
-[[gnu::noinline]] int findAmongAlike(Unit const* begin, Unit const* lastSpan, Unit const* pattern,
-                                     unsigned count, Unit const* text, unsigned differing)
+int findAmongAlike(Unit const* begin, Unit const* lastSpan, Unit const* pattern, unsigned count,
+                   Unit const* text, unsigned place)
 {
     constexpr unsigned patience = 16;
-    Sift<mode, size, Unit> sift(std::min(begin, lastSpan + 1 - size), lastSpan, pattern, differing);
-    unsigned refused = 1;
+    Sift<mode, size, Unit> sift(begin, lastSpan, pattern, place);
+    unsigned refused = 0;
     do {
         if (!sift.seek())
             return -1;
         do {
-            unsigned const place = mismatch<mode>(sift.span(), pattern, count);
-            if (place == count)
+            unsigned const differing = mismatch<mode>(sift.span(), pattern, count);
+            if (differing == count)
                 return static_cast<int>(sift.span() - text);
             ++refused;
-            sift.refuse(place);
+            sift.refuse(differing);
         } while (sift.any());
         // A damaged length is more than a folded copy holds; it does without the filter.
         auto const length = static_cast<unsigned>(lastSpan - text) + count;
@@ -225,16 +237,30 @@ template <Case mode, unsigned size, typename Unit>
     return -1;
 }
 
+/// Goes on behind a span that has passed the sieve and differs at `place`.
+template <Case mode, typename Unit>
+[[gnu::noinline]] int findBehind(Unit const* span, Unit const* lastSpan, Unit const* pattern,
+                                 unsigned count, Unit const* text, unsigned place)
+{
+    Unit const* const begin = span + 1;
+    auto const spans = lastSpan - span;
+    if (spans >= 16)
+        return findAmongAlike<mode, 16>(begin, lastSpan, pattern, count, text, place);
+    if (spans >= 8)
+        return findAmongAlike<mode, 8>(begin, lastSpan, pattern, count, text, place);
+    return findByUnits<mode>(begin, lastSpan, pattern, count, text);
+}
+
 /// Goes on where a span has passed the sieve. By itself, so that a search which ends there needs no
 /// registers saved.
-template <Case mode, unsigned size, typename Unit>
+template <Case mode, typename Unit>
 [[gnu::noinline, gnu::flatten]] int findFrom(Unit const* span, Unit const* lastSpan,
                                              Unit const* pattern, unsigned count, Unit const* text)
 {
-    unsigned const differing = mismatch<mode>(span, pattern, count);
-    if (differing == count)
+    unsigned const place = mismatchOfShort<mode>(span, pattern, count);
+    if (place == count)
         return static_cast<int>(span - text);
-    return findAmongAlike<mode, size>(span, lastSpan, pattern, count, text, differing);
+    return findBehind<mode>(span, lastSpan, pattern, count, text, place);
 }
 
 /// The search over at least a block of spans. Most end at the first span that passes the sieve, or
@@ -246,19 +272,7 @@ int findByBlocks(Unit const* begin, Unit const* lastSpan, Unit const* pattern, u
     Sift<mode, size, Unit> sift(begin, lastSpan, pattern, tellingPlace(pattern, count));
     if (!sift.seek())
         return -1;
-    return findFrom<mode, size>(sift.span(), lastSpan, pattern, count, text);
-}
-
-/// The search over less than a block of spans.
-template <Case mode, typename Unit>
-[[gnu::noinline]] int findByUnits(Unit const* begin, Unit const* lastSpan, Unit const* pattern,
-                                  unsigned count, Unit const* text)
-{
-    Sieve<mode, Unit> const first(pattern[0]);
-    for (Unit const* span = begin; span <= lastSpan; ++span)
-        if (first.difference(*span) == 0 && equal<mode>(span, pattern, count))
-            return static_cast<int>(span - text);
-    return -1;
+    return findFrom<mode>(sift.span(), lastSpan, pattern, count, text);
 }
 
 } // namespace
