@@ -5,6 +5,14 @@
 namespace qvStrings {
 
 template <Case mode, typename Unit>
+unsigned mismatch(Unit const* a, Unit const* b, unsigned count)
+{
+    if (count * sizeof(Unit) >= 64)
+        return mismatchByBlocks<mode, 16, 4>(a, b, count);
+    return mismatchOfShort<mode>(a, b, count);
+}
+
+template <Case mode, typename Unit>
 bool equal(Unit const* a, Unit const* b, unsigned count)
 {
     if constexpr (mode == Case::exact)
@@ -25,6 +33,9 @@ int orderFolded(Unit const* a, Unit const* b, unsigned count)
 }
 
 #define QV_INSTANTIATE(Unit)                                                                       \
+    template unsigned mismatch<Case::exact>(Unit const*, Unit const*, unsigned);                   \
+    template unsigned mismatch<Case::folded>(Unit const*, Unit const*, unsigned);                  \
+    template unsigned mismatch<Case::upperInput>(Unit const*, Unit const*, unsigned);              \
     template bool equal<Case::exact>(Unit const*, Unit const*, unsigned);                          \
     template bool equal<Case::folded>(Unit const*, Unit const*, unsigned);                         \
     template bool equal<Case::upperInput>(Unit const*, Unit const*, unsigned);                     \

@@ -6,8 +6,8 @@
 #include <bit>
 #include <cstddef>
 
-/// Where two runs of units differ first: what folded comparisons and searches stand on. Inline, so
-/// that a search which verifies a span calls nothing.
+/// Where two runs of units differ first: what folded comparisons and searches stand on. Inline for
+/// short runs, so that a search which verifies a span calls nothing.
 
 namespace qvStrings {
 
@@ -64,13 +64,8 @@ unsigned mismatchOfShort(Unit const* a, Unit const* b, unsigned count)
     return i;
 }
 
-/// The same, made for runs of any length.
+/// The same for runs of any length. Compiled once (compare.cpp).
 template <Case mode, typename Unit>
-unsigned mismatch(Unit const* a, Unit const* b, unsigned count)
-{
-    if (count * sizeof(Unit) >= 64)
-        return mismatchByBlocks<mode, 16, 4>(a, b, count);
-    return mismatchOfShort<mode>(a, b, count);
-}
+unsigned mismatch(Unit const* a, Unit const* b, unsigned count);
 
 } // namespace qvStrings

@@ -227,12 +227,15 @@ int findAmongAlike(Unit const* begin, Unit const* lastSpan, Unit const* pattern,
             ++refused;
             sift.refuse(differing);
         } while (sift.any());
-        // A damaged length is more than a folded copy holds; it does without the filter.
-        auto const length = static_cast<unsigned>(lastSpan - text) + count;
-        if (refused > patience + static_cast<unsigned>(sift.end() - begin) / patience &&
-            (mode == Case::exact || length <= maxCapacity))
-            return slideBySumIn<mode>(text, length, pattern, count,
-                                      static_cast<unsigned>(sift.end() - text));
+        // Less than two blocks of spans never wear out the patience. A damaged length is more than
+        // a folded copy holds; it does without the filter.
+        if constexpr (size >= patience) {
+            auto const length = static_cast<unsigned>(lastSpan - text) + count;
+            if (refused > patience + static_cast<unsigned>(sift.end() - begin) / patience &&
+                (mode == Case::exact || length <= maxCapacity))
+                return slideBySumIn<mode>(text, length, pattern, count,
+                                          static_cast<unsigned>(sift.end() - text));
+        }
     } while (sift.advance());
     return -1;
 }

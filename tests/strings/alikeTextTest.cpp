@@ -103,21 +103,61 @@ TYPED_TEST(AlikeText, IsSearchedToTheFirstMatch)
     }
 }
 
+// Where a search changes its ways: in texts and with patterns of all short lengths, at the end of
+// the text, across it, where the rest of what once was longer stands, and at chance.
+TYPED_TEST(AlikeText, IsSearchedToTheFirstMatchAtEveryLength)
+{
+    for (std::size_t size = 1; size <= 80; ++size) {
+        std::string const whole = twoLetters(size + 24, static_cast<unsigned>(size));
+        std::string const text = whole.substr(0, size);
+        TypeParam plain(whole.c_str());
+        TypeParam mixed(mixedCase(whole).c_str());
+        plain.setLength(static_cast<short>(size));
+        mixed.setLength(static_cast<short>(size));
+        for (std::size_t length = 1; length <= std::min<std::size_t>(size, 24); ++length) {
+            for (std::string const& pattern :
+                 {text.substr(size - length), whole.substr(size - length + 1, length),
+                  whole.substr(size - length / 2, length),
+                  twoLetters(length, static_cast<unsigned>(length))}) {
+                TypeParam const same(pattern.c_str());
+                TypeParam const upper(upperCase(pattern).c_str());
+                for (std::size_t const start : {0U, 1U, 9U}) {
+                    auto const found = text.find(pattern, start);
+                    int const expected = found == std::string::npos ? -1 : static_cast<int>(found);
+                    int const from = static_cast<int>(start);
+                    ASSERT_EQ(plain.indexOfCaseSen(same, from), expected) << text << ' ' << pattern;
+                    ASSERT_EQ(mixed.indexOf(upper, from), expected) << text << ' ' << pattern;
+                }
+                ASSERT_EQ(mixed.containsUpperCaseInput(upper),
+                          text.find(pattern) != std::string::npos)
+                    << text << ' ' << pattern;
+            }
+        }
+    }
+}
+
 // Of two texts that differ in one place alone, or from there on the other way, at every place of
 // every length up to where blocks of all sizes have followed one another.
 TYPED_TEST(AlikeText, TheFirstDifferenceIsToldAtEveryPlace)
 {
     for (std::size_t size = 1; size <= 140; ++size) {
         std::string const letters = twoLetters(size, 5);
-        TypeParam const text(letters.c_str());
-        TypeParam const upper(upperCase(letters).c_str());
-        TypeParam const longer((letters + "-").c_str());
+        // With different texts behind their ends, which are none of anybody's business.
+        TypeParam text((letters + std::string(40, 'q')).c_str());
+        TypeParam upper((upperCase(letters) + std::string(40, 'R')).c_str());
+        text.setLength(static_cast<short>(size));
+        upper.setLength(static_cast<short>(size));
+        // With so many places for a pattern that each way of a search is taken.
+        TypeParam const longer[] = {(letters + std::string(1, '-')).c_str(),
+                                    (letters + std::string(8, '-')).c_str(),
+                                    (letters + std::string(20, '-')).c_str()};
         ASSERT_TRUE(text.isEqual(upper) && text.isEqualUpperCaseInput(upper) &&
                     upper.isEqualLowerCaseInput(text) && text.compare(upper) == 0)
             << size;
-        ASSERT_TRUE(longer.indexOf(upper, 0) == 0 && longer.indexOfCaseSen(text, 0) == 0 &&
-                    longer.containsUpperCaseInput(upper))
-            << size;
+        for (TypeParam const& each : longer)
+            ASSERT_TRUE(each.indexOf(upper, 0) == 0 && each.indexOfCaseSen(text, 0) == 0 &&
+                        each.containsUpperCaseInput(upper))
+                << size;
         for (std::size_t place = 0; place < size; ++place) {
             std::string const greater =
                 letters.substr(0, place) + 'c' + std::string(size - place - 1, '-');
@@ -130,9 +170,18 @@ TYPED_TEST(AlikeText, TheFirstDifferenceIsToldAtEveryPlace)
             ASSERT_TRUE(!text.isEqual(patternUpper) && !text.isEqualUpperCaseInput(patternUpper) &&
                         !upper.isEqualLowerCaseInput(pattern))
                 << size << " at " << place;
-            ASSERT_TRUE(longer.indexOf(patternUpper, 0) == -1 &&
-                        longer.indexOfCaseSen(pattern, 0) == -1 &&
-                        !longer.containsUpperCaseInput(patternUpper))
+            for (TypeParam const& each : longer)
+                ASSERT_TRUE(each.indexOf(patternUpper, 0) == -1 &&
+                            each.indexOfCaseSen(pattern, 0) == -1 &&
+                            !each.containsUpperCaseInput(patternUpper))
+                    << size << " at " << place;
+
+            // Behind a place that was no match at all, one that differs elsewhere.
+            std::string other = letters;
+            other[size - 1 - place] = 'c';
+            TypeParam const twice((single + other + std::string(20, '-')).c_str());
+            ASSERT_TRUE(twice.indexOf(upper, 0) == -1 && twice.indexOfCaseSen(text, 0) == -1 &&
+                        !twice.containsUpperCaseInput(upper))
                 << size << " at " << place;
         }
     }

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <climits>
 #include <string>
 #include <string_view>
@@ -172,6 +173,18 @@ TYPED_TEST(State16, createCharString)
             EXPECT_EQ(guarded::bytesOf(string), imageOf<TypeParam>(text.size(), text, 0, 0));
             EXPECT_EQ(argument, unit);
         }
+    }
+}
+
+// Compilers take several units at once and the rest apart: here one.
+TEST(StateCases16, calcLengthFindsAZeroAtEveryPlace)
+{
+    for (unsigned zeroAt = 0; zeroAt <= 25; ++zeroAt) {
+        _qvString<25> string;
+        std::fill_n(string.text, 25, static_cast<unsigned short>('x'));
+        string.text[zeroAt] = 0;
+        string.calcLength();
+        EXPECT_EQ(string.length, zeroAt);
     }
 }
 

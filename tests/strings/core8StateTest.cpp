@@ -171,4 +171,24 @@ TEST(Core8StateCases, ClearOfASixLeavesItsByteNineAlone)
     EXPECT_EQ(string.bytes(), (Bytes{0, 0, 0, 0, 0, 0, 0, 0, 0, 0x77}));
 }
 
+template <typename S>
+void findsAZeroAtEveryPlace()
+{
+    Guarded<S> string;
+    for (std::size_t zeroAt = 0; zeroAt <= ImageOf<S>::capacity; ++zeroAt) {
+        string.lay("", 'x').layText(0, 'x').layText(zeroAt, 0);
+        string->calcLength();
+        EXPECT_TRUE(holds(*string, std::string(zeroAt, 'x'))) << ImageOf<S>::capacity;
+    }
+}
+
+// Compilers take several bytes at once and the rest apart: here of 0 to 3.
+TEST(Core8StateCases, CalcLengthFindsAZeroAtEveryPlace)
+{
+    findsAZeroAtEveryPlace<_qvString8_allSize<6>>();
+    findsAZeroAtEveryPlace<_qvString8_allSize<7>>();
+    findsAZeroAtEveryPlace<_qvString8_allSize<8>>();
+    findsAZeroAtEveryPlace<_qvString8_allSize<25>>();
+}
+
 } // namespace
