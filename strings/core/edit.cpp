@@ -80,7 +80,15 @@ void zeroUnits(Unit* target, unsigned count)
         zeroEnds<16>(to, bytes);
 }
 
-/// `assignCleared` with a count that fits.
+/// The text becomes `count` units, which fit or are not to be clipped.
+template <typename Unit>
+void place(TextRef<Unit> self, Unit const* source, unsigned count)
+{
+    moveUnits(source, count, self.text());
+    self.endAt(count);
+}
+
+/// The same, with zeros behind them.
 template <typename Unit>
 void placeCleared(TextRef<Unit> self, Unit const* source, unsigned count)
 {
@@ -89,11 +97,21 @@ void placeCleared(TextRef<Unit> self, Unit const* source, unsigned count)
     zeroUnits(self.text() + count, self.capacity() + 1 - count);
 }
 
-/// The same where the move calls: inline it would make that of words save registers.
-template <typename Unit>
-[[gnu::noinline]] void placeClearedByCall(TextRef<Unit> self, Unit const* source, unsigned count)
+template <auto work, typename Unit>
+[[gnu::noinline]] void apart(TextRef<Unit> self, Unit const* source, unsigned count)
 {
-    placeCleared(self, source, count);
+    work(self, source, count);
+}
+
+/// Does one of these; where it calls to move, in a function apart, or words would have to save
+/// registers for a call that they do not make.
+template <auto work, typename Unit>
+void withWordsFirst(TextRef<Unit> self, Unit const* source, unsigned count)
+{
+    if (count * sizeof(Unit) > longestWord) [[unlikely]]
+        apart<work>(self, source, count);
+    else
+        work(self, source, count);
 }
 
 } // namespace
@@ -130,18 +148,13 @@ void assign(TextRef<Unit> self, Unit const* source, unsigned count)
 template <typename Unit>
 void assignCleared(TextRef<Unit> self, Unit const* source, unsigned count)
 {
-    unsigned const kept = std::min(count, self.capacity());
-    if (kept * sizeof(Unit) > longestWord) [[unlikely]]
-        placeClearedByCall(self, source, kept);
-    else
-        placeCleared(self, source, kept);
+    withWordsFirst<placeCleared<Unit>>(self, source, std::min(count, self.capacity()));
 }
 
 template <typename Unit>
 void assignUnclipped(TextRef<Unit> self, Unit const* source, unsigned count)
 {
-    moveUnits(source, count, self.text());
-    self.endAt(count);
+    withWordsFirst<place<Unit>>(self, source, count);
 }
 
 template <typename Unit>
