@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Runs the benchmarks, holds them against what we want of them, and prints a Markdown table.
 
-usage: targets.py QVBENCH [--filter REGEX] [--repetitions N] [--seconds S] [--all]
+usage: targets.py QVBENCH [--filter REGEX] [--processes N] [--repetitions N] [--seconds S] [--all]
 
 Judged are ratios of the least CPU times from one go in which ours and the peers take turns: the
 machines differ and are noisy, and noise only ever adds. Where memory lies, which can cost as much,
@@ -47,8 +47,8 @@ def arguments():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("qvBench", help="path of the benchmark program")
     parser.add_argument("--filter", default=".", help="only the benchmarks with such a name")
-    parser.add_argument("--processes", type=int, default=4)
-    parser.add_argument("--repetitions", type=int, default=4, help="in each process")
+    parser.add_argument("--processes", type=int, default=12)
+    parser.add_argument("--repetitions", type=int, default=2, help="in each process")
     parser.add_argument("--seconds", type=float, default=0.01, help="least time of a repetition")
     parser.add_argument("--all", action="store_true", help="also pairs that have no target")
     return parser.parse_args()
