@@ -46,6 +46,7 @@ TYPED_TEST(Spacing16, padsInsideTheRoom)
         {u"xy", "", 2, u"xy  "},
         {u"xy", "", -2, u"xy  "},
         {u"xyz", "abc", 1, u"xyzabc"},
+        {u"", "abcdef", 8, u"abcdef  "},
         {u"", "", 10, u"          "},
         {u"xy", "a\xE4", -3, u"xy a\xE4"},
         {u"xy", "\x80\xFF", 3, u"xy\x80\xFF "},
