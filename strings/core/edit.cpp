@@ -12,7 +12,7 @@ namespace {
 /// Up to how many bytes a run is moved without a call. Most texts are words.
 constexpr std::size_t longestWord = 32;
 
-/// From how many bytes on the C library may take string instructions, on any machine.
+/// Up to how many bytes the C library takes no string instructions, on any machine.
 constexpr std::size_t stringInstructions = 2048;
 
 /// Moves `size` bytes at either end of a run of at least `size` and at most twice as many: both
@@ -29,9 +29,9 @@ void moveEnds(unsigned char* target, unsigned char const* source, std::size_t co
 }
 
 /// Moves a run in pieces too short for string instructions, which are 20 times slower where the
-/// target lies a few bytes above the source in its page. In one piece where it lies that close
-/// above the source itself: a later piece would read what an earlier one has written. Not inline,
-/// which would make short moves save registers.
+/// target lies a few bytes above the source in its page. In one piece where the target begins
+/// inside the source: a later piece would read what an earlier one has written. Not inline, which
+/// would make short moves save registers.
 [[gnu::noinline]] void moveLong(unsigned char* target, unsigned char const* source,
                                 std::size_t count)
 {
