@@ -3,8 +3,8 @@
 
 #include "bench/measure.h"
 #include "bench/texts.h"
-#include "strings/core/layoutOf.h"
-#include "strings/qvString8.h"
+#include "qv/strings/core/layoutOf.h"
+#include "qv/strings/qvString8.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include "bench/measure.h"
 #include "bench/peers.h"
 #include "bench/texts.h"
-#include "strings/qvString8.h"
+#include "qv/strings/qvString8.h"
 
 #include <cctype>
 

@@ -2,7 +2,7 @@
 /// take turns, lest one's digits be learned by heart.
 
 #include "bench/measure.h"
-#include "strings/qvString8.h"
+#include "qv/strings/qvString8.h"
 
 #include <array>
 #include <charconv>

@@ -3,8 +3,8 @@
 
 #include "segment/qvSharedMemory.h"
 #include "sender/qvClientCommandName.h"
-#include "strings/qvString.h"
-#include "strings/qvString8.h"
+#include "qv/strings/qvString.h"
+#include "qv/strings/qvString8.h"
 #include "support/qvCRC.h"
 #include "support/qvProcess.h"
 #include "support/qvStringList.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "sender/qvClientMailbox.h"
-#include "strings/qvString8.h"
+#include "qv/strings/qvString8.h"
 
 #include <chrono>
 #include <sys/shm.h>

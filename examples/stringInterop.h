@@ -1,7 +1,7 @@
 #pragma once
 
-#include "strings/qvString.h"
-#include "strings/qvString8.h"
+#include "qv/strings/qvString.h"
+#include "qv/strings/qvString8.h"
 
 #include <charconv>
 #include <concepts>

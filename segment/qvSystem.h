@@ -1,6 +1,6 @@
 #pragma once
 
-#include "strings/qvString8.h"
+#include "qv/strings/qvString8.h"
 
 /// @file
 /// What the segment asks of the system beside shared memory.

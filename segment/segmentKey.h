@@ -1,6 +1,6 @@
 #pragma once
 
-#include "strings/qvString8.h"
+#include "qv/strings/qvString8.h"
 
 /// What a program has to know to find a segment and its record without the class.
 

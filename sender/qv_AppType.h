@@ -1,6 +1,6 @@
 #pragma once
 
-#include "strings/qvString.h"
+#include "qv/strings/qvString.h"
 
 /// @file
 /// The words of the farm's components.

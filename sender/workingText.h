@@ -1,6 +1,6 @@
 #pragma once
 
-#include "strings/qvString8.h"
+#include "qv/strings/qvString8.h"
 
 /// The string that carries a run: the word, then a number's text, or a failure message. So no
 /// message that the tool builds exceeds 250 characters.

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "strings/qvString.h"
-#include "strings/qvString8.h"
+#include "qv/strings/qvString.h"
+#include "qv/strings/qvString8.h"
 
 /// The steps of `qvApplicationPath` behind the platform's answer, which is empty when there is
 /// none. `argv0` may be null and does not point into `out`, which is overwritten first.

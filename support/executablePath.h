@@ -1,6 +1,6 @@
 #pragma once
 
-#include "strings/qvString.h"
+#include "qv/strings/qvString.h"
 
 /// The platform's answer: the full path of the running executable, or nothing. One source file per
 /// platform answers.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "strings/qvString8.h"
+#include "qv/strings/qvString8.h"
 
 /// @file
 /// A small deterministic generator: the same seed always gives the same numbers and texts. Not for

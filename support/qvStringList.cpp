@@ -1,6 +1,6 @@
 #include "support/qvStringList.h"
 
-#include "strings/core/width.h"
+#include "qv/strings/core/width.h"
 
 #include <algorithm>
 #include <cstdlib>

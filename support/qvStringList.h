@@ -1,7 +1,7 @@
 #pragma once
 
-#include "strings/keepStorage.h"
-#include "strings/qvString.h"
+#include "qv/strings/keepStorage.h"
+#include "qv/strings/qvString.h"
 
 /// An ordered list of `_qvString<500>` values in one block that it owns. `append` brings the block
 /// to exactly `count` elements; `removeAt` leaves it as it is, with stale slots behind `count`. The

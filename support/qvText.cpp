@@ -3,7 +3,7 @@
 
 #include "support/qvText.h"
 
-#include "strings/core/numberText.h"
+#include "qv/strings/core/numberText.h"
 
 #include <cfloat>
 #include <climits>

@@ -14,11 +14,11 @@ import qvFormat
 
 # Each type's own header, and the one that declares its members.
 HEADERS = {
-    "_qvString8_allSize<*>": ("strings/qvString8.h", "strings/image8.h"),
-    "_qvString8_evenSize_old<*>": ("strings/qvString8_old.h", "strings/image8.h"),
-    "_qvString8_UnevenSize_old<*>": ("strings/qvString8_old.h", "strings/image8.h"),
-    "_qvString<*>": ("strings/qvString.h", "strings/image16.h"),
-    "_qvString_old<*>": ("strings/qvString_old.h", "strings/image16.h"),
+    "_qvString8_allSize<*>": ("qv/strings/qvString8.h", "qv/strings/image8.h"),
+    "_qvString8_evenSize_old<*>": ("qv/strings/qvString8_old.h", "qv/strings/image8.h"),
+    "_qvString8_UnevenSize_old<*>": ("qv/strings/qvString8_old.h", "qv/strings/image8.h"),
+    "_qvString<*>": ("qv/strings/qvString.h", "qv/strings/image16.h"),
+    "_qvString_old<*>": ("qv/strings/qvString_old.h", "qv/strings/image16.h"),
     "_qvStringList": ("support/qvStringList.h", "support/qvStringList.h"),
     "qvSharedMemory": ("segment/qvSharedMemory.h", "segment/qvSharedMemory.h"),
     "qvClientMailbox": ("sender/qvClientMailbox.h", "sender/qvClientMailbox.h"),

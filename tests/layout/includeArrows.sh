@@ -7,11 +7,11 @@ cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
 # folder -> what its quoted includes may begin with
 declare -A allowed=(
-    [strings/core]='strings/core/'
-    [strings]='strings/'
-    [support]='support/|strings/|segment/qvSystem\.h'
-    [segment]='segment/|strings/|support/qvCRC\.h'
-    [sender]='sender/|segment/|strings/'
+    [qv/strings/core]='qv/strings/core/'
+    [qv/strings]='qv/strings/'
+    [support]='support/|qv/strings/|segment/qvSystem\.h'
+    [segment]='segment/|qv/strings/|support/qvCRC\.h'
+    [sender]='sender/|segment/|qv/strings/'
 )
 
 failed=0

@@ -4,10 +4,10 @@
 
 #include "segment/qvSharedMemory.h"
 #include "sender/qvClientMailbox.h"
-#include "strings/qvString.h"
-#include "strings/qvString8.h"
-#include "strings/qvString8_old.h"
-#include "strings/qvString_old.h"
+#include "qv/strings/qvString.h"
+#include "qv/strings/qvString8.h"
+#include "qv/strings/qvString8_old.h"
+#include "qv/strings/qvString_old.h"
 #include "support/qvStringList.h"
 
 #include <gtest/gtest.h>

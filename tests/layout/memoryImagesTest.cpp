@@ -1,14 +1,14 @@
 // docs/memory-images.md tells other programs how the strings lie in the shared records. Its tables
 // and its examples are held against the code here, so that neither can drift from the other.
 
-#include "strings/capacities16.h"
-#include "strings/capacities8.h"
-#include "strings/image16.h"
-#include "strings/image8.h"
-#include "strings/qvString.h"
-#include "strings/qvString8.h"
-#include "strings/qvString8_old.h"
-#include "strings/qvString_old.h"
+#include "qv/strings/capacities16.h"
+#include "qv/strings/capacities8.h"
+#include "qv/strings/image16.h"
+#include "qv/strings/image8.h"
+#include "qv/strings/qvString.h"
+#include "qv/strings/qvString8.h"
+#include "qv/strings/qvString8_old.h"
+#include "qv/strings/qvString_old.h"
 #include "tests/layout/documentTable.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "strings/qvString.h"
-#include "strings/qvString8.h"
-#include "strings/qvString8_old.h"
-#include "strings/qvString_old.h"
+#include "qv/strings/qvString.h"
+#include "qv/strings/qvString8.h"
+#include "qv/strings/qvString8_old.h"
+#include "qv/strings/qvString_old.h"
 #include "tests/model/guardedObject.h"
 #include "tests/model/memberProbe.h"
 #include "tests/model/string16Call.h"

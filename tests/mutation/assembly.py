@@ -20,7 +20,7 @@ OPERATOR = re.compile(r"operator(<=>|<<|>>|<=|>=|->|<|>)")
 @dataclasses.dataclass
 class Mutant:
     number: int
-    source: str  # what is compiled, "strings/core/edit.cpp"
+    source: str  # what is compiled, "qv/strings/core/edit.cpp"
     symbol: str  # the function that the linker knows, one copy of a template
     function: str  # the same with its namespaces, without template arguments and parameters
     kind: str  # "flip", "store" or "call" with the name of what is called

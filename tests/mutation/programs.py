@@ -21,10 +21,10 @@ OPTIONS = ("-O1", "-g1", "-w", "-fPIE", "-fno-exceptions", "-fno-rtti", "-fno-tr
 # The capacities of a template are copies of each other. These few are taken: the smallest image of
 # either parity and the one that most programs use; of the older ones an even and an odd one.
 CAPACITIES = {
-    "strings/qvString8.cpp": (7, 8, 250),
-    "strings/qvString8_old.cpp": (8, 15),
-    "strings/qvString.cpp": (10, 250),
-    "strings/qvString_old.cpp": (10,),
+    "qv/strings/qvString8.cpp": (7, 8, 250),
+    "qv/strings/qvString8_old.cpp": (8, 15),
+    "qv/strings/qvString.cpp": (10, 250),
+    "qv/strings/qvString_old.cpp": (10,),
 }
 
 

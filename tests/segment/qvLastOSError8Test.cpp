@@ -1,7 +1,7 @@
 // qvLastOSError8: the system's sentence on one line, and a text of our own where it has none.
 
 #include "segment/qvSystem.h"
-#include "strings/qvString8.h"
+#include "qv/strings/qvString8.h"
 #include "systemCallStandIns.h"
 
 #include <gtest/gtest.h>

@@ -4,7 +4,7 @@
 // the segment, and the script that answers the system calls.
 
 #include "segment/qvSharedMemory.h"
-#include "strings/qvString8.h"
+#include "qv/strings/qvString8.h"
 #include "systemCallStandIns.h"
 
 #include <gtest/gtest.h>

@@ -3,7 +3,7 @@
 
 #include "sender/qvClientCommandName.h"
 
-#include "strings/qvString8.h"
+#include "qv/strings/qvString8.h"
 
 #include <gtest/gtest.h>
 

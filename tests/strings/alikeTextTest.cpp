@@ -1,8 +1,8 @@
 // Texts that are much alike, or whose spans are, so that nearly every one has to be looked at: a
 // text of two letters in random order. What is expected is the plain first match.
 
-#include "strings/qvString.h"
-#include "strings/qvString8.h"
+#include "qv/strings/qvString.h"
+#include "qv/strings/qvString8.h"
 #include "tests/strings/images8.h"
 
 #include <gtest/gtest.h>

@@ -2,10 +2,10 @@
 // contract ends it with one line that names the member, its numbers, the length and the capacity.
 // Calls at the very edge of a contract, and those that mend a damaged length, go through.
 
-#include "strings/qvString.h"
-#include "strings/qvString8.h"
-#include "strings/qvString8_old.h"
-#include "strings/qvString_old.h"
+#include "qv/strings/qvString.h"
+#include "qv/strings/qvString8.h"
+#include "qv/strings/qvString8_old.h"
+#include "qv/strings/qvString_old.h"
 
 #include <gtest/gtest.h>
 

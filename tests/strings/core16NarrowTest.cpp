@@ -1,7 +1,7 @@
 /// From units to bytes: the conversions to 8-bit strings with their limits, the copy into a
 /// caller's buffer, and the measure of raw texts.
 
-#include "strings/qvCharLen.h"
+#include "qv/strings/qvCharLen.h"
 #include "tests/strings/guarded16.h"
 
 #include <gtest/gtest.h>

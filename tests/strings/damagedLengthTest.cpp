@@ -1,7 +1,7 @@
 // A record may hold a length above the capacity: no search may write what it folds past its own
 // copy. The reads stay in the block that stands for the record.
-#include "strings/qvString.h"
-#include "strings/qvString8.h"
+#include "qv/strings/qvString.h"
+#include "qv/strings/qvString8.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 /// Helpers for the tests of the 8-bit strings: an object between guard bytes, and ways to look at
 /// its memory image that ask none of its own members.
 
-#include "strings/qvString8.h"
+#include "qv/strings/qvString8.h"
 
 #include <gtest/gtest.h>
 

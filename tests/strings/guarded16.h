@@ -3,8 +3,8 @@
 /// What the tests of the 16-bit strings share: the two images for the helpers of guarded.h, and
 /// ways to lay and look at their texts in units that ask none of their own members.
 
-#include "strings/qvString.h"
-#include "strings/qvString_old.h"
+#include "qv/strings/qvString.h"
+#include "qv/strings/qvString_old.h"
 #include "tests/strings/guarded.h"
 
 #include <gtest/gtest.h>

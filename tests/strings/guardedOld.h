@@ -2,7 +2,7 @@
 
 /// The images of the two older 8-bit strings for the helpers of guarded.h.
 
-#include "strings/qvString8_old.h"
+#include "qv/strings/qvString8_old.h"
 #include "tests/strings/guarded.h"
 
 namespace guarded {

@@ -3,7 +3,7 @@
 // Looks at 16-bit strings through their fields alone, so that no member is trusted with the answer
 // that a test asks for.
 
-#include "strings/qvString.h"
+#include "qv/strings/qvString.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "strings/capacities16.h"
-#include "strings/image16.h"
-#include "strings/rules16.h"
+#include "qv/strings/capacities16.h"
+#include "qv/strings/image16.h"
+#include "qv/strings/rules16.h"
 
 /// The older 16-bit string, text first and length behind it, kept so that text in older records can
 /// be read, worked on and brought to `_qvString<N>`, which takes it by construction and assignment.
@@ -16,7 +16,7 @@ template <int N>
 class _qvString_old : public qvStrings::Rules16<_qvString_old<N>, qvStrings::OldImage16<N>>
 {
     static_assert(qvStrings::isCapacity16(N), "16-bit strings exist for the capacities that "
-                                              "strings/capacities16.h lists, and for no other");
+                                              "qv/strings/capacities16.h lists, and for no other");
     using Base = qvStrings::Rules16<_qvString_old<N>, qvStrings::OldImage16<N>>;
 
 public:

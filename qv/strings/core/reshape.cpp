@@ -1,7 +1,7 @@
-#include "strings/core/reshape.h"
+#include "qv/strings/core/reshape.h"
 
-#include "strings/core/edit.h"
-#include "strings/core/search.h"
+#include "qv/strings/core/edit.h"
+#include "qv/strings/core/search.h"
 
 #include <cstring>
 

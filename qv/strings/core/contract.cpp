@@ -1,4 +1,4 @@
-#include "strings/core/contract.h"
+#include "qv/strings/core/contract.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "strings/core/compare.h"
-#include "strings/core/textRef.h"
+#include "qv/strings/core/compare.h"
+#include "qv/strings/core/textRef.h"
 
 #include <initializer_list>
 

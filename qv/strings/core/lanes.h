@@ -1,6 +1,6 @@
 #pragma once
 
-#include "strings/core/compare.h"
+#include "qv/strings/core/compare.h"
 
 #include <bit>
 #include <cstring>

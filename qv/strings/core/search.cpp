@@ -1,6 +1,6 @@
-#include "strings/core/search.h"
+#include "qv/strings/core/search.h"
 
-#include "strings/core/mismatch.h"
+#include "qv/strings/core/mismatch.h"
 
 #include <algorithm>
 #include <bit>

@@ -1,15 +1,15 @@
 #pragma once
 
-#include "strings/capacities8.h"
-#include "strings/core/width.h"
-#include "strings/image8.h"
-#include "strings/overlay8.h"
-#include "strings/qvCharLen.h"
-#include "strings/rules8.h"
+#include "qv/strings/capacities8.h"
+#include "qv/strings/core/width.h"
+#include "qv/strings/image8.h"
+#include "qv/strings/overlay8.h"
+#include "qv/strings/qvCharLen.h"
+#include "qv/strings/rules8.h"
 
 #include <string>
 
-// The older images, in strings/qvString8_old.h.
+// The older images, in qv/strings/qvString8_old.h.
 template <int N>
 class _qvString8_evenSize_old;
 template <int N>
@@ -27,7 +27,7 @@ template <int N>
 class _qvString8_allSize : public qvStrings::Rules8<_qvString8_allSize<N>, qvStrings::Image8<N>>
 {
     static_assert(qvStrings::isCapacity8(N), "8-bit strings exist for the capacities that "
-                                             "strings/capacities8.h lists, and for no other");
+                                             "qv/strings/capacities8.h lists, and for no other");
     using Base = qvStrings::Rules8<_qvString8_allSize<N>, qvStrings::Image8<N>>;
 
 public:

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "strings/core/width.h"
-#include "strings/qvCharLen.h"
-#include "strings/qvString8.h"
-#include "strings/rules.h"
+#include "qv/strings/core/width.h"
+#include "qv/strings/qvCharLen.h"
+#include "qv/strings/qvString8.h"
+#include "qv/strings/rules.h"
 
 namespace qvStrings {
 

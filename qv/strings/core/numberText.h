@@ -1,6 +1,6 @@
 #pragma once
 
-#include "strings/core/textRef.h"
+#include "qv/strings/core/textRef.h"
 
 #include <charconv>
 #include <type_traits>

@@ -1,4 +1,4 @@
-#include "strings/qvString8_old.h"
+#include "qv/strings/qvString8_old.h"
 
 // Every member at every capacity.
 #define QV_INSTANTIATE(N)                                                                          \

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "strings/core/lanes.h"
+#include "qv/strings/core/lanes.h"
 
 #include <algorithm>
 #include <bit>

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "strings/core/compare.h"
-#include "strings/core/contract.h"
-#include "strings/core/edit.h"
-#include "strings/core/layoutOf.h"
-#include "strings/core/numberText.h"
-#include "strings/core/reshape.h"
-#include "strings/core/search.h"
-#include "strings/keepStorage.h"
+#include "qv/strings/core/compare.h"
+#include "qv/strings/core/contract.h"
+#include "qv/strings/core/edit.h"
+#include "qv/strings/core/layoutOf.h"
+#include "qv/strings/core/numberText.h"
+#include "qv/strings/core/reshape.h"
+#include "qv/strings/core/search.h"
+#include "qv/strings/keepStorage.h"
 
 #include <cstring>
 #include <type_traits>

@@ -1,4 +1,4 @@
-#include "strings/core/edit.h"
+#include "qv/strings/core/edit.h"
 
 #include <algorithm>
 #include <array>

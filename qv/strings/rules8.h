@@ -1,6 +1,6 @@
 #pragma once
 
-#include "strings/rules.h"
+#include "qv/strings/rules.h"
 
 namespace qvStrings {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "strings/capacities8.h"
-#include "strings/image8.h"
-#include "strings/rules8.h"
+#include "qv/strings/capacities8.h"
+#include "qv/strings/image8.h"
+#include "qv/strings/rules8.h"
 
 /// @file
 /// The older 8-bit strings, kept so that text in older records can be read, worked on and brought
@@ -19,7 +19,7 @@ template <int N>
 class _qvString8_evenSize_old : public qvStrings::EvenOldImage8<N>
 {
     static_assert(qvStrings::isCapacity8(N), "8-bit strings exist for the capacities that "
-                                             "strings/capacities8.h lists, and for no other");
+                                             "qv/strings/capacities8.h lists, and for no other");
 };
 
 /// The older string of even capacities, with the members of `Rules` and `Rules8`.
@@ -58,7 +58,7 @@ template <int N>
 class _qvString8_UnevenSize_old : public qvStrings::UnevenOldImage8<N>
 {
     static_assert(qvStrings::isCapacity8(N), "8-bit strings exist for the capacities that "
-                                             "strings/capacities8.h lists, and for no other");
+                                             "qv/strings/capacities8.h lists, and for no other");
 };
 
 /// The older string of odd capacities, with the members of `Rules` and `Rules8`.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "strings/core/textRef.h"
+#include "qv/strings/core/textRef.h"
 
 /// The rules of change that both widths share, over a unit type and any image. Compiled once per
 /// unit type (edit.cpp) instead of once per capacity; that the compiler does not know the

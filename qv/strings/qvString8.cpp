@@ -1,6 +1,6 @@
-#include "strings/qvString8.h"
+#include "qv/strings/qvString8.h"
 
-#include "strings/qvString8_old.h"
+#include "qv/strings/qvString8_old.h"
 
 // Every member at every capacity.
 #define QV_INSTANTIATE(N)                                                                          \

@@ -1,6 +1,6 @@
-#include "strings/core/compare.h"
+#include "qv/strings/core/compare.h"
 
-#include "strings/core/mismatch.h"
+#include "qv/strings/core/mismatch.h"
 
 namespace qvStrings {
 

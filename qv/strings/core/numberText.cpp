@@ -1,6 +1,6 @@
-#include "strings/core/numberText.h"
+#include "qv/strings/core/numberText.h"
 
-#include "strings/core/edit.h"
+#include "qv/strings/core/edit.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "strings/capacities16.h"
-#include "strings/image16.h"
-#include "strings/overlay16.h"
-#include "strings/rules16.h"
+#include "qv/strings/capacities16.h"
+#include "qv/strings/image16.h"
+#include "qv/strings/overlay16.h"
+#include "qv/strings/rules16.h"
 
 #include <string>
 
-// The older image, in strings/qvString_old.h.
+// The older image, in qv/strings/qvString_old.h.
 template <int N>
 class _qvString_old;
 
@@ -23,7 +23,7 @@ template <int N>
 class _qvString : public qvStrings::Rules16<_qvString<N>, qvStrings::Image16<N>>
 {
     static_assert(qvStrings::isCapacity16(N), "16-bit strings exist for the capacities that "
-                                              "strings/capacities16.h lists, and for no other");
+                                              "qv/strings/capacities16.h lists, and for no other");
     using Base = qvStrings::Rules16<_qvString<N>, qvStrings::Image16<N>>;
 
 public:

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "strings/core/fold.h"
+#include "qv/strings/core/fold.h"
 
 #include <cstring>
 

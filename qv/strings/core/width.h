@@ -1,6 +1,6 @@
 #pragma once
 
-#include "strings/core/textRef.h"
+#include "qv/strings/core/textRef.h"
 
 /// Conversions between the widths: plain cuts and extensions of single units, no encoding.
 

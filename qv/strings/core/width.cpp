@@ -1,6 +1,6 @@
-#include "strings/core/width.h"
+#include "qv/strings/core/width.h"
 
-#include "strings/core/fold.h"
+#include "qv/strings/core/fold.h"
 
 #include <algorithm>
 

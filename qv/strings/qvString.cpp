@@ -1,6 +1,6 @@
-#include "strings/qvString.h"
+#include "qv/strings/qvString.h"
 
-#include "strings/qvString_old.h"
+#include "qv/strings/qvString_old.h"
 
 // Every member at every capacity.
 #define QV_INSTANTIATE(N)                                                                          \
