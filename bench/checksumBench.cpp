@@ -2,7 +2,7 @@
 /// slices its tables.
 
 #include "bench/measure.h"
-#include "support/qvCRC.h"
+#include "qv/support/qvCRC.h"
 
 #include <zlib.h>
 

@@ -2,8 +2,8 @@
 /// tuned by decision: one reallocation per append, linear search, bubble sort.
 
 #include "bench/measure.h"
-#include "support/qvStringList.h"
-#include "support/qvText.h"
+#include "qv/support/qvStringList.h"
+#include "qv/support/qvText.h"
 
 #include <algorithm>
 #include <array>

@@ -5,10 +5,10 @@
 #include "sender/qvClientCommandName.h"
 #include "qv/strings/qvString.h"
 #include "qv/strings/qvString8.h"
-#include "support/qvCRC.h"
-#include "support/qvProcess.h"
-#include "support/qvStringList.h"
-#include "support/qvText.h"
+#include "qv/support/qvCRC.h"
+#include "qv/support/qvProcess.h"
+#include "qv/support/qvStringList.h"
+#include "qv/support/qvText.h"
 
 #include <cstdio>
 

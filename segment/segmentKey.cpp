@@ -1,6 +1,6 @@
 #include "segment/segmentKey.h"
 
-#include "support/qvCRC.h"
+#include "qv/support/qvCRC.h"
 
 int segmentKey(_qvString8_allSize<250> const& name)
 {

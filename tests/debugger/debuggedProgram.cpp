@@ -7,7 +7,7 @@
 #include "qv/strings/qvString8.h"
 #include "qv/strings/qvString8_old.h"
 #include "qv/strings/qvString_old.h"
-#include "support/qvStringList.h"
+#include "qv/support/qvStringList.h"
 
 using JobName = _qvString8_allSize<250>;
 

@@ -19,7 +19,7 @@ HEADERS = {
     "_qvString8_UnevenSize_old<*>": ("qv/strings/qvString8_old.h", "qv/strings/image8.h"),
     "_qvString<*>": ("qv/strings/qvString.h", "qv/strings/image16.h"),
     "_qvString_old<*>": ("qv/strings/qvString_old.h", "qv/strings/image16.h"),
-    "_qvStringList": ("support/qvStringList.h", "support/qvStringList.h"),
+    "_qvStringList": ("qv/support/qvStringList.h", "qv/support/qvStringList.h"),
     "qvSharedMemory": ("segment/qvSharedMemory.h", "segment/qvSharedMemory.h"),
     "qvClientMailbox": ("sender/qvClientMailbox.h", "sender/qvClientMailbox.h"),
 }

@@ -1,4 +1,4 @@
-#include "support/qvCRC.h"
+#include "qv/support/qvCRC.h"
 #include "tests/model/byteReader.h"
 #include "tests/model/checksumModel.h"
 

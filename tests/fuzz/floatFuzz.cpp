@@ -1,4 +1,4 @@
-#include "support/qvText.h"
+#include "qv/support/qvText.h"
 #include "tests/model/floatTextModel.h"
 
 #include <bit>

@@ -1,5 +1,5 @@
-#include "support/applicationPath.h"
-#include "support/qvProcess.h"
+#include "qv/support/applicationPath.h"
+#include "qv/support/qvProcess.h"
 #include "tests/model/directoryModel.h"
 #include "tests/support/currentDirectory.h"
 #include "tests/support/paths.h"

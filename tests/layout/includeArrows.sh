@@ -9,8 +9,8 @@ cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 declare -A allowed=(
     [qv/strings/core]='qv/strings/core/'
     [qv/strings]='qv/strings/'
-    [support]='support/|qv/strings/|segment/qvSystem\.h'
-    [segment]='segment/|qv/strings/|support/qvCRC\.h'
+    [qv/support]='qv/support/|qv/strings/|segment/qvSystem\.h'
+    [segment]='segment/|qv/strings/|qv/support/qvCRC\.h'
     [sender]='sender/|segment/|qv/strings/'
 )
 

@@ -8,7 +8,7 @@
 #include "qv/strings/qvString8.h"
 #include "qv/strings/qvString8_old.h"
 #include "qv/strings/qvString_old.h"
-#include "support/qvStringList.h"
+#include "qv/support/qvStringList.h"
 
 #include <gtest/gtest.h>
 

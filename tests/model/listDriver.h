@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/qvStringList.h"
+#include "qv/support/qvStringList.h"
 #include "tests/model/byteReader.h"
 #include "tests/model/listModel.h"
 

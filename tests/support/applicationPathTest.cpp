@@ -1,6 +1,6 @@
 // From the platform's answer, or the program's first argument, to the program's directory.
 
-#include "support/applicationPath.h"
+#include "qv/support/applicationPath.h"
 
 #include "tests/model/directoryModel.h"
 #include "tests/support/allocationCount.h"

@@ -1,7 +1,7 @@
 // The platform's answer by CoreFoundation: both ways to the units, and who is released when.
 
-#include "support/executablePath.h"
-#include "support/qvProcess.h"
+#include "qv/support/executablePath.h"
+#include "qv/support/qvProcess.h"
 #include "tests/support/paths.h"
 #include "tests/support/units.h"
 

@@ -1,7 +1,7 @@
 // Where the program lies, by what the system answers, which fits into a path of 250 characters or
 // does not.
 
-#include "support/executablePath.h"
+#include "qv/support/executablePath.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // Floats as text: the digits are those of single precision, a carry stays in the fraction, and a
 // negative number shows its sign in both halves.
 
-#include "support/qvText.h"
+#include "qv/support/qvText.h"
 #include "tests/model/floatTextModel.h"
 #include "tests/support/units.h"
 

@@ -2,7 +2,7 @@
 
 // Fills lists and looks at them through their public fields.
 
-#include "support/qvStringList.h"
+#include "qv/support/qvStringList.h"
 #include "tests/support/units.h"
 
 #include <cstddef>

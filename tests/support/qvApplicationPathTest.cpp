@@ -1,8 +1,8 @@
 // The directory of the running program, asked by a program that is copied to where the path is
 // special and started there.
 
-#include "support/executablePath.h"
-#include "support/qvProcess.h"
+#include "qv/support/executablePath.h"
+#include "qv/support/qvProcess.h"
 #include "tests/support/allocationCount.h"
 #include "tests/support/paths.h"
 

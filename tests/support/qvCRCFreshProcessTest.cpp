@@ -1,7 +1,7 @@
 // What the CRC-32 table is before its first use. Every test looks at it from a process of its own,
 // so this program must hold no test that builds the table in the program itself.
 
-#include "support/qvCRC.h"
+#include "qv/support/qvCRC.h"
 
 #include <gtest/gtest.h>
 

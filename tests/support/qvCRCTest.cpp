@@ -1,7 +1,7 @@
 // The four checksums and their tables, against the rules of the tables, a bit-by-bit model of the
 // catalogue's parameters, and zlib.
 
-#include "support/qvCRC.h"
+#include "qv/support/qvCRC.h"
 
 #include "tests/model/checksumModel.h"
 

@@ -1,6 +1,6 @@
 // The directory part of a path.
 
-#include "support/qvProcess.h"
+#include "qv/support/qvProcess.h"
 #include "tests/model/directoryModel.h"
 #include "tests/support/allocationCount.h"
 #include "tests/support/paths.h"

@@ -1,6 +1,6 @@
 // The generator, the state drawn from a block, and the short texts: the same on every machine.
 
-#include "support/qvRand.h"
+#include "qv/support/qvRand.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // What the list asks of the heap, to the byte, and what becomes of it when the heap refuses.
 
-#include "support/qvStringList.h"
+#include "qv/support/qvStringList.h"
 #include "tests/support/heapStandIns.h"
 #include "tests/support/listElements.h"
 

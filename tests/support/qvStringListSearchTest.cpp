@@ -1,6 +1,6 @@
 // Finding, ordering and the one-line form of the list.
 
-#include "support/qvStringList.h"
+#include "qv/support/qvStringList.h"
 #include "tests/support/listElements.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // The list as an object: its fields, its growth and its positions.
 
-#include "support/qvStringList.h"
+#include "qv/support/qvStringList.h"
 
 #include "tests/model/guardedObject.h"
 #include "tests/support/listElements.h"

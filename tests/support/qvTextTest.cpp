@@ -1,6 +1,6 @@
 // Integers and bools as 16-bit text, the character class of numeric input, the size estimate.
 
-#include "support/qvText.h"
+#include "qv/support/qvText.h"
 
 #include "tests/support/units.h"
 

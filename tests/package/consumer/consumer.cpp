@@ -1,6 +1,6 @@
 #include "segment/qvSharedMemory.h"
 #include "sender/qvClientCommandName.h"
-#include "support/qvStringList.h"
+#include "qv/support/qvStringList.h"
 
 #include <cstdio>
 

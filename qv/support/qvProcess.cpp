@@ -1,8 +1,8 @@
-#include "support/qvProcess.h"
+#include "qv/support/qvProcess.h"
 
 #include "segment/qvSystem.h"
-#include "support/applicationPath.h"
-#include "support/executablePath.h"
+#include "qv/support/applicationPath.h"
+#include "qv/support/executablePath.h"
 
 #include <cstdlib>
 

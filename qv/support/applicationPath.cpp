@@ -1,6 +1,6 @@
-#include "support/applicationPath.h"
+#include "qv/support/applicationPath.h"
 
-#include "support/qvProcess.h"
+#include "qv/support/qvProcess.h"
 
 #include <unistd.h>
 

@@ -1,4 +1,4 @@
-#include "support/qvCRC.h"
+#include "qv/support/qvCRC.h"
 
 #include <bit>
 #include <cstddef>

@@ -1,4 +1,4 @@
-#include "support/executablePath.h"
+#include "qv/support/executablePath.h"
 
 #include <unistd.h>
 

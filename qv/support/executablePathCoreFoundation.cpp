@@ -1,4 +1,4 @@
-#include "support/executablePath.h"
+#include "qv/support/executablePath.h"
 
 #include <CoreFoundation/CoreFoundation.h>
 #include <algorithm>

@@ -1,7 +1,7 @@
 // Compiled with its own floating-point flags (CMakeLists.txt): every step of float2Str is rounded
 // to single precision by itself, whatever the program that links it was built with.
 
-#include "support/qvText.h"
+#include "qv/support/qvText.h"
 
 #include "qv/strings/core/numberText.h"
 

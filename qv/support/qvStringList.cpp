@@ -1,4 +1,4 @@
-#include "support/qvStringList.h"
+#include "qv/support/qvStringList.h"
 
 #include "qv/strings/core/width.h"
 

@@ -1,4 +1,4 @@
-#include "support/qvRand.h"
+#include "qv/support/qvRand.h"
 
 namespace {
 
