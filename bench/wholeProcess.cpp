@@ -2,7 +2,7 @@
 /// calls, turn by turn in one run because these machines are noisy, and counts the tool's system
 /// calls.
 
-#include "segment/qvSharedMemory.h"
+#include "qv/segment/qvSharedMemory.h"
 #include "sender/qvClientMailbox.h"
 
 #include <algorithm>

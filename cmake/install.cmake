@@ -22,7 +22,7 @@ install(FILES completion/_qvNodeDispatch DESTINATION ${share}/zsh/site-functions
 
 # The library. Left out are headers that only its own sources include.
 install(TARGETS qv EXPORT qv ARCHIVE COMPONENT dev)
-install(DIRECTORY segment qv/strings qv/support DESTINATION ${qvHeaders} COMPONENT dev
+install(DIRECTORY qv/segment qv/strings qv/support DESTINATION ${qvHeaders} COMPONENT dev
     FILES_MATCHING PATTERN "*.h"
     PATTERN applicationPath.h EXCLUDE
     PATTERN executablePath.h EXCLUDE

@@ -1,7 +1,7 @@
 /// One look into each folder of the library. The README shows these pieces; a test holds it to
 /// them.
 
-#include "segment/qvSharedMemory.h"
+#include "qv/segment/qvSharedMemory.h"
 #include "sender/qvClientCommandName.h"
 #include "qv/strings/qvString.h"
 #include "qv/strings/qvString8.h"

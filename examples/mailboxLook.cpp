@@ -1,7 +1,7 @@
 #include "examples/mailboxLook.h"
 
-#include "segment/qvSharedMemory.h"
-#include "segment/segmentKey.h"
+#include "qv/segment/qvSharedMemory.h"
+#include "qv/segment/segmentKey.h"
 #include "sender/deferredSignals.h"
 #include "sender/qvClientCommandName.h"
 

@@ -7,7 +7,7 @@
 /// Ends after N messages or S seconds, whichever comes first, or on SIGINT or SIGTERM, and removes
 /// its segment.
 
-#include "segment/qvSharedMemory.h"
+#include "qv/segment/qvSharedMemory.h"
 #include "sender/qvClientCommandName.h"
 #include "sender/qvClientMailbox.h"
 

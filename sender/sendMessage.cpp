@@ -1,6 +1,6 @@
 #include "sender/sendMessage.h"
 
-#include "segment/qvSharedMemory.h"
+#include "qv/segment/qvSharedMemory.h"
 #include "sender/deferredSignals.h"
 #include "sender/outcome.h"
 #include "sender/qvClientMailbox.h"

@@ -1,7 +1,7 @@
 // What the debuggers are shown: each object of the library in the states that tell something, all
 // standing when `everyStateStands` is called.
 
-#include "segment/qvSharedMemory.h"
+#include "qv/segment/qvSharedMemory.h"
 #include "sender/qvClientMailbox.h"
 #include "qv/strings/qvString.h"
 #include "qv/strings/qvString8.h"

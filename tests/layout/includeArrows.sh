@@ -9,9 +9,9 @@ cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 declare -A allowed=(
     [qv/strings/core]='qv/strings/core/'
     [qv/strings]='qv/strings/'
-    [qv/support]='qv/support/|qv/strings/|segment/qvSystem\.h'
-    [segment]='segment/|qv/strings/|qv/support/qvCRC\.h'
-    [sender]='sender/|segment/|qv/strings/'
+    [qv/support]='qv/support/|qv/strings/|qv/segment/qvSystem\.h'
+    [qv/segment]='qv/segment/|qv/strings/|qv/support/qvCRC\.h'
+    [sender]='sender/|qv/segment/|qv/strings/'
 )
 
 failed=0

@@ -2,7 +2,7 @@
 // programs' binaries: size, alignment and offsets are held to images.txt, so that a change of any
 // of them shows as a change of that table.
 
-#include "segment/qvSharedMemory.h"
+#include "qv/segment/qvSharedMemory.h"
 #include "sender/qvClientMailbox.h"
 #include "qv/strings/qvString.h"
 #include "qv/strings/qvString8.h"

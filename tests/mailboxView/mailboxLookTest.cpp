@@ -1,7 +1,7 @@
 // What a look does while it holds the lock. The test steps in where the lock is given back.
 #include "examples/mailboxLook.h"
 
-#include "segment/qvSharedMemory.h"
+#include "qv/segment/qvSharedMemory.h"
 #include "tests/endToEnd/clientSegment.h"
 
 #include <gtest/gtest.h>

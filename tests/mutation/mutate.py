@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Breaks the product in one place at a time and sees whether a test notices.
 
-The exit status is 0 if all mutants of sender/ and segment/ and 95 % of all died, and every
+The exit status is 0 if all mutants of sender/ and qv/segment/ and 95 % of all died, and every
 survivor has its reason in survivors.txt.
 """
 
@@ -83,7 +83,7 @@ def doubtful(mutants, every, explanations):
 
 
 def sample(mutants, size):
-    """All of sender/ and segment/, and so many of all others."""
+    """All of sender/ and qv/segment/, and so many of all others."""
     others = [mutant.number for mutant in mutants if not mustDie(mutant)]
     taken = set(random.Random(1).sample(others, min(size, len(others))))
     return [mutant for mutant in mutants if mustDie(mutant) or mutant.number in taken]

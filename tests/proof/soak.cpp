@@ -6,7 +6,7 @@
 // Every command is another one, so each entry that the client receives can be judged. The lock is
 // cooperative: what it loses, hands out twice or lets be read too early is counted. What must not
 // be is an entry that nobody sent, or one whose sender was told that it wasn't stored.
-#include "segment/qvSharedMemory.h"
+#include "qv/segment/qvSharedMemory.h"
 #include "sender/qvClientMailbox.h"
 #include "tests/endToEnd/clientSegment.h"
 #include "tests/endToEnd/process.h"

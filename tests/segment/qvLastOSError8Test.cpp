@@ -1,6 +1,6 @@
 // qvLastOSError8: the system's sentence on one line, and a text of our own where it has none.
 
-#include "segment/qvSystem.h"
+#include "qv/segment/qvSystem.h"
 #include "qv/strings/qvString8.h"
 #include "systemCallStandIns.h"
 

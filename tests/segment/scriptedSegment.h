@@ -3,7 +3,7 @@
 // The ground all scripted segment tests stand on: one qvSharedMemory, a piece of memory that plays
 // the segment, and the script that answers the system calls.
 
-#include "segment/qvSharedMemory.h"
+#include "qv/segment/qvSharedMemory.h"
 #include "qv/strings/qvString8.h"
 #include "systemCallStandIns.h"
 

@@ -41,8 +41,8 @@ expect 'outcomes of qvNodeDispatchStatus.1' \
     "$(sed -nE 's/^\.It ([0-9]) Ta (\w+) Ta .*/\1 \2/p' docs/man/qvNodeDispatchStatus.1 | sort)"
 
 # The class as it is declared, and the texts of its errors.
-holds qvSharedMemory.3 declaration < <(sed -n '/^public:/,/^private:/p' segment/qvSharedMemory.h |
+holds qvSharedMemory.3 declaration < <(sed -n '/^public:/,/^private:/p' qv/segment/qvSharedMemory.h |
     sed -nE '/= delete/d; s/ = .*;/;/; s/^    ([^/ ][^;]*;).*/\1/p')
-holds qvSharedMemory.3 'text of an error' < <(tr '\n' ' ' <segment/qvSharedMemory.cpp |
+holds qvSharedMemory.3 'text of an error' < <(tr '\n' ' ' <qv/segment/qvSharedMemory.cpp |
     grep -oE '(fail\(\w+, +|setError\()"[^"]*"' | sed -E 's/^[^"]*"//; s/"$//')
 finish

@@ -1,4 +1,4 @@
-#include "segment/qvSharedMemory.h"
+#include "qv/segment/qvSharedMemory.h"
 #include "sender/qvClientCommandName.h"
 #include "qv/support/qvStringList.h"
 

@@ -1,6 +1,6 @@
-#include "segment/qvSystem.h"
+#include "qv/segment/qvSystem.h"
 
-#include "segment/systemErrorText.h"
+#include "qv/segment/systemErrorText.h"
 
 #include <algorithm>
 #include <cerrno>

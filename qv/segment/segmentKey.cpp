@@ -1,4 +1,4 @@
-#include "segment/segmentKey.h"
+#include "qv/segment/segmentKey.h"
 
 #include "qv/support/qvCRC.h"
 

@@ -1,6 +1,6 @@
-#include "segment/qvSharedMemory.h"
+#include "qv/segment/qvSharedMemory.h"
 
-#include "segment/segmentKey.h"
+#include "qv/segment/segmentKey.h"
 
 #include <cerrno>
 #include <cstdint>
