@@ -38,7 +38,7 @@ def arguments():
     parser.add_argument("--jobs", type=int, default=2)
     parser.add_argument("--source", default="", help="only sources with this in their path")
     parser.add_argument("--sample", type=int, metavar="N",
-                        help="only N mutants of what is neither in sender/ nor in segment/")
+                        help="only N mutants of what is neither in sender/ nor in qv/segment/")
     parser.add_argument("--all", action="store_true",
                         help="try also what survivors.txt explains, to see that it still survives")
     return parser.parse_args()
@@ -98,7 +98,7 @@ def byFunction(mutants):
 
 
 def mustDie(mutant):
-    return mutant.source.startswith(("sender/", "segment/"))
+    return mutant.source.startswith(("sender/", "qv/segment/"))
 
 
 class Trials:

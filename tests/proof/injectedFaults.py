@@ -21,7 +21,7 @@ import clientRecord
 import toolRun
 
 TOOL = sys.argv[1]
-TABLES = pathlib.Path(__file__).parents[1] / "qv/segment/manualPageErrors.h"
+TABLES = pathlib.Path(__file__).parents[1] / "segment/manualPageErrors.h"
 
 
 class Scene(NamedTuple):
