@@ -3,7 +3,7 @@
 /// calls.
 
 #include "qv/segment/qvSharedMemory.h"
-#include "sender/qvClientMailbox.h"
+#include "qv/client/qvClientMailbox.h"
 
 #include <algorithm>
 #include <chrono>

@@ -22,7 +22,7 @@ install(FILES completion/_qvNodeDispatch DESTINATION ${share}/zsh/site-functions
 
 # The library. Left out are headers that only its own sources include.
 install(TARGETS qv EXPORT qv ARCHIVE COMPONENT dev)
-install(DIRECTORY qv/segment qv/strings qv/support DESTINATION ${qvHeaders} COMPONENT dev
+install(DIRECTORY qv/client qv/segment qv/strings qv/support DESTINATION ${qvHeaders} COMPONENT dev
     FILES_MATCHING PATTERN "*.h"
     PATTERN applicationPath.h EXCLUDE
     PATTERN executablePath.h EXCLUDE
@@ -30,8 +30,6 @@ install(DIRECTORY qv/segment qv/strings qv/support DESTINATION ${qvHeaders} COMP
     PATTERN mismatch.h EXCLUDE
     PATTERN segmentKey.h EXCLUDE
     PATTERN systemErrorText.h EXCLUDE)
-install(FILES sender/qvClientCommandName.h sender/qvClientMailbox.h sender/qv_AppType.h
-    DESTINATION ${qvHeaders}/sender COMPONENT dev)
 install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT dev
     FILES_MATCHING PATTERN "*.3")
 install(DIRECTORY debugger DESTINATION ${share}/qv COMPONENT dev PATTERN __pycache__ EXCLUDE)

@@ -1,6 +1,6 @@
 """The display names of the command codes, for debuggers.
 
-A copy of the table of sender/qvClientCommandName.cpp: the program under the debugger may be a core
+A copy of the table of qv/client/qvClientCommandName.cpp: the program under the debugger may be a core
 file, or may not hold the table. tests/debugger holds the two together.
 """
 

@@ -12,7 +12,7 @@ Knows no debugger. The objects come as readers, of which each debugger has one o
 
 from qvCommandNames import COMMAND_NAMES
 
-# The formats' own numbers, as sender/qvClientMailbox.h and qv/segment/qvSharedMemory.cpp have them.
+# The formats' own numbers, as qv/client/qvClientMailbox.h and qv/segment/qvSharedMemory.cpp have them.
 RECORD_MARKER = 517
 STATE_MARKER = 3077
 COMMAND_TYPE = 2

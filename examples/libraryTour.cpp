@@ -2,7 +2,7 @@
 /// them.
 
 #include "qv/segment/qvSharedMemory.h"
-#include "sender/qvClientCommandName.h"
+#include "qv/client/qvClientCommandName.h"
 #include "qv/strings/qvString.h"
 #include "qv/strings/qvString8.h"
 #include "qv/support/qvCRC.h"

@@ -3,7 +3,7 @@
 #include "qv/segment/qvSharedMemory.h"
 #include "qv/segment/segmentKey.h"
 #include "sender/deferredSignals.h"
-#include "sender/qvClientCommandName.h"
+#include "qv/client/qvClientCommandName.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sender/qvClientMailbox.h"
+#include "qv/client/qvClientMailbox.h"
 #include "qv/strings/qvString8.h"
 
 #include <chrono>

@@ -8,8 +8,8 @@
 /// its segment.
 
 #include "qv/segment/qvSharedMemory.h"
-#include "sender/qvClientCommandName.h"
-#include "sender/qvClientMailbox.h"
+#include "qv/client/qvClientCommandName.h"
+#include "qv/client/qvClientMailbox.h"
 
 #include <chrono>
 #include <climits>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sender/qvClientMailbox.h"
+#include "qv/client/qvClientMailbox.h"
 
 /// One message of the tool. Its `messageKind` is not a field: it is 2 in every entry.
 struct ClientMessage

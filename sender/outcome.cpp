@@ -1,6 +1,6 @@
 #include "sender/outcome.h"
 
-#include "sender/qvClientMailbox.h"
+#include "qv/client/qvClientMailbox.h"
 #include "sender/qvVersion.h"
 
 #include <cstdio>

@@ -3,7 +3,7 @@
 #include "qv/segment/qvSharedMemory.h"
 #include "sender/deferredSignals.h"
 #include "sender/outcome.h"
-#include "sender/qvClientMailbox.h"
+#include "qv/client/qvClientMailbox.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "sender/usage.h"
 
-#include "sender/qvClientCommandName.h"
+#include "qv/client/qvClientCommandName.h"
 
 #include <cstdio>
 

@@ -2,7 +2,7 @@
 // standing when `everyStateStands` is called.
 
 #include "qv/segment/qvSharedMemory.h"
-#include "sender/qvClientMailbox.h"
+#include "qv/client/qvClientMailbox.h"
 #include "qv/strings/qvString.h"
 #include "qv/strings/qvString8.h"
 #include "qv/strings/qvString8_old.h"

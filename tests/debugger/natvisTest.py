@@ -21,7 +21,7 @@ HEADERS = {
     "_qvString_old<*>": ("qv/strings/qvString_old.h", "qv/strings/image16.h"),
     "_qvStringList": ("qv/support/qvStringList.h", "qv/support/qvStringList.h"),
     "qvSharedMemory": ("qv/segment/qvSharedMemory.h", "qv/segment/qvSharedMemory.h"),
-    "qvClientMailbox": ("sender/qvClientMailbox.h", "sender/qvClientMailbox.h"),
+    "qvClientMailbox": ("qv/client/qvClientMailbox.h", "qv/client/qvClientMailbox.h"),
 }
 NO_MEMBERS = {"i", "int", "char16_t", "sizeof", "T1"}
 

@@ -151,12 +151,12 @@ class Sources(unittest.TestCase):
         return int(re.search(pattern, (ROOT / source).read_text()).group(1))
 
     def test_command_names(self):
-        source = (ROOT / "sender/qvClientCommandName.cpp").read_text()
+        source = (ROOT / "qv/client/qvClientCommandName.cpp").read_text()
         table = re.search(r"names\[\] = \{\n(.*?)\n\};", source, re.S).group(1)
         self.assertEqual(list(COMMAND_NAMES), re.findall(r'^    "(.*)",', table, re.M))
 
     def test_numbers(self):
-        header = "sender/qvClientMailbox.h"
+        header = "qv/client/qvClientMailbox.h"
         self.assertEqual(qvFormat.RECORD_MARKER, self.number(header, r"RecordMarker = (\d+);"))
         self.assertEqual(qvFormat.STATE_MARKER, self.number(header, r"StateMarker = (\d+);"))
         self.assertEqual(qvFormat.COMMAND_TYPE, self.number(header, r"command = (\d+),"))

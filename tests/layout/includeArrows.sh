@@ -11,7 +11,8 @@ declare -A allowed=(
     [qv/strings]='qv/strings/'
     [qv/support]='qv/support/|qv/strings/|qv/segment/qvSystem\.h'
     [qv/segment]='qv/segment/|qv/strings/|qv/support/qvCRC\.h'
-    [sender]='sender/|qv/segment/|qv/strings/'
+    [qv/client]='qv/client/|qv/strings/'
+    [sender]='sender/|qv/client/|qv/segment/|qv/strings/'
 )
 
 failed=0

@@ -3,7 +3,7 @@
 // of them shows as a change of that table.
 
 #include "qv/segment/qvSharedMemory.h"
-#include "sender/qvClientMailbox.h"
+#include "qv/client/qvClientMailbox.h"
 #include "qv/strings/qvString.h"
 #include "qv/strings/qvString8.h"
 #include "qv/strings/qvString8_old.h"

@@ -7,7 +7,7 @@
 // cooperative: what it loses, hands out twice or lets be read too early is counted. What must not
 // be is an entry that nobody sent, or one whose sender was told that it wasn't stored.
 #include "qv/segment/qvSharedMemory.h"
-#include "sender/qvClientMailbox.h"
+#include "qv/client/qvClientMailbox.h"
 #include "tests/endToEnd/clientSegment.h"
 #include "tests/endToEnd/process.h"
 #include "tests/endToEnd/toolText.h"

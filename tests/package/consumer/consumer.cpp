@@ -1,5 +1,5 @@
 #include "qv/segment/qvSharedMemory.h"
-#include "sender/qvClientCommandName.h"
+#include "qv/client/qvClientCommandName.h"
 #include "qv/support/qvStringList.h"
 
 #include <cstdio>

@@ -1,4 +1,4 @@
-#include "sender/qv_AppType.h"
+#include "qv/client/qv_AppType.h"
 
 #include <iterator>
 

@@ -1,6 +1,6 @@
 // The words for the kinds of component.
 
-#include "sender/qv_AppType.h"
+#include "qv/client/qv_AppType.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "sender/qvClientCommandName.h"
+#include "qv/client/qvClientCommandName.h"
 
 #include <cstdio>
 #include <iterator>

@@ -1,7 +1,7 @@
 // The client's record is a format shared between processes: its places are fixed, and the document
 // that describes it is held to the code here, so that neither can drift from the other.
 
-#include "sender/qvClientMailbox.h"
+#include "qv/client/qvClientMailbox.h"
 
 #include "tests/layout/documentTable.h"
 

@@ -1,7 +1,7 @@
 // The display names of all 256 command codes. People and other programs of the farm know them by
 // these exact texts, so a change of one must show up here.
 
-#include "sender/qvClientCommandName.h"
+#include "qv/client/qvClientCommandName.h"
 
 #include "qv/strings/qvString8.h"
 
