@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qv/segment/qvSystem.h"
+#include "qv/support/qvSystem.h"
 
 /// A named System V shared-memory segment: 8 bytes of prefix (the lock byte at offset 0, seven
 /// reserved bytes), then the caller's record. Programs meet in it by name, since the key is

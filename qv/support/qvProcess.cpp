@@ -1,6 +1,6 @@
 #include "qv/support/qvProcess.h"
 
-#include "qv/segment/qvSystem.h"
+#include "qv/support/qvSystem.h"
 #include "qv/support/applicationPath.h"
 #include "qv/support/executablePath.h"
 

@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
-# Includes run one way: sender -> segment -> strings, support -> strings, and segment -> the
-# checksum of support alone; support takes the system's error texts from segment. The core of the
-# strings knows no image, rule or class above it.
+# Includes run one way: sender -> client -> strings; sender -> segment -> support -> strings. The core
+# of the strings knows no image, rule or class above it.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
@@ -9,8 +8,8 @@ cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 declare -A allowed=(
     [qv/strings/core]='qv/strings/core/'
     [qv/strings]='qv/strings/'
-    [qv/support]='qv/support/|qv/strings/|qv/segment/qvSystem\.h'
-    [qv/segment]='qv/segment/|qv/strings/|qv/support/qvCRC\.h'
+    [qv/support]='qv/support/|qv/strings/'
+    [qv/segment]='qv/segment/|qv/strings/|qv/support/'
     [qv/client]='qv/client/|qv/strings/'
     [sender]='sender/|qv/client/|qv/segment/|qv/strings/'
 )

@@ -5,7 +5,7 @@
 #undef _POSIX_C_SOURCE
 #define _POSIX_C_SOURCE 200809L
 
-#include "qv/segment/systemErrorText.h"
+#include "qv/support/systemErrorText.h"
 
 #include <string.h>
 

@@ -1,6 +1,6 @@
-#include "qv/segment/qvSystem.h"
+#include "qv/support/qvSystem.h"
 
-#include "qv/segment/systemErrorText.h"
+#include "qv/support/systemErrorText.h"
 
 #include <algorithm>
 #include <cerrno>

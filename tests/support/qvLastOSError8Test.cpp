@@ -1,6 +1,6 @@
 // qvLastOSError8: the system's sentence on one line, and a text of our own where it has none.
 
-#include "qv/segment/qvSystem.h"
+#include "qv/support/qvSystem.h"
 #include "qv/strings/qvString8.h"
 #include "systemCallStandIns.h"
 

@@ -3,7 +3,7 @@
 #include "qv/strings/qvString8.h"
 
 /// @file
-/// What the segment asks of the system beside shared memory.
+/// System error texts and sleeping.
 
 /// The system's text for an error number. May run on any thread.
 /// @param code The number; -1 means the current `errno`.

@@ -1,6 +1,6 @@
 // qvSleep: no single call to the system reaches a full second.
 
-#include "qv/segment/qvSystem.h"
+#include "qv/support/qvSystem.h"
 #include "systemCallStandIns.h"
 
 #include <gtest/gtest.h>
