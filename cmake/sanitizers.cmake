@@ -1,4 +1,4 @@
-# What watches the product: the library, the tool, the examples. The tests call it from outside, and
+# What watches the product: the library, the tools, the examples. The tests call it from outside, and
 # compiling their many small instantiations with checks would double the build; so they are the
 # same objects under every preset of a compiler. The memory sanitizer alone has to see them too:
 # tests/memory/instrument.cmake.

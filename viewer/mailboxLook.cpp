@@ -1,4 +1,4 @@
-#include "examples/mailboxLook.h"
+#include "viewer/mailboxLook.h"
 
 #include "qv/segment/qvSharedMemory.h"
 #include "qv/segment/segmentKey.h"

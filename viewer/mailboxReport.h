@@ -1,6 +1,6 @@
 #pragma once
 
-#include "examples/mailboxVerdict.h"
+#include "viewer/mailboxVerdict.h"
 
 /// Prints a look for people, over several lines.
 void printMailboxText(MailboxLook const& look, MailboxVerdict const& verdict);

@@ -1,5 +1,5 @@
 // What no look on a real machine brings: a system's text with characters that JSON escapes.
-#include "examples/mailboxReport.h"
+#include "viewer/mailboxReport.h"
 
 #include <gtest/gtest.h>
 

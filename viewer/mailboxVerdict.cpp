@@ -1,4 +1,4 @@
-#include "examples/mailboxVerdict.h"
+#include "viewer/mailboxVerdict.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -4,7 +4,7 @@
 ///
 ///     mailboxView [--json] [--lock] [--watch [MS]]
 
-#include "examples/mailboxReport.h"
+#include "viewer/mailboxReport.h"
 
 #include <charconv>
 #include <csignal>

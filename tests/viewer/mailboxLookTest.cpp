@@ -1,5 +1,5 @@
 // What a look does while it holds the lock. The test steps in where the lock is given back.
-#include "examples/mailboxLook.h"
+#include "viewer/mailboxLook.h"
 
 #include "qv/segment/qvSharedMemory.h"
 #include "tests/endToEnd/clientSegment.h"

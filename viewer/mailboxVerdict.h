@@ -1,6 +1,6 @@
 #pragma once
 
-#include "examples/mailboxLook.h"
+#include "viewer/mailboxLook.h"
 
 #include <span>
 

@@ -1,4 +1,4 @@
-#include "examples/mailboxReport.h"
+#include "viewer/mailboxReport.h"
 
 #include <cstdio>
 #include <ctime>
