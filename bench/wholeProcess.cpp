@@ -2,8 +2,8 @@
 /// calls, turn by turn in one run because these machines are noisy, and counts the tool's system
 /// calls.
 
-#include "qv/segment/qvSharedMemory.h"
 #include "qv/client/qvClientMailbox.h"
+#include "qv/segment/qvSharedMemory.h"
 
 #include <algorithm>
 #include <chrono>

@@ -3,7 +3,6 @@
 set(share ${CMAKE_INSTALL_DATAROOTDIR})
 set(toolDocs ${share}/doc/qvnodedispatch)
 set(devDocs ${share}/doc/libqv-dev)
-set(qvHeaders ${CMAKE_INSTALL_INCLUDEDIR}/qv)
 set(qvPackage ${CMAKE_INSTALL_LIBDIR}/cmake/qv)
 set(pkgConfig ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
@@ -20,16 +19,9 @@ foreach(command IN ITEMS qvNodeDispatch qvNodeDispatchStatus) # both shells look
 endforeach()
 install(FILES completion/_qvNodeDispatch DESTINATION ${share}/zsh/site-functions COMPONENT tool)
 
-# The library. Left out are headers that only its own sources include.
+# The library: its folder as it stands.
 install(TARGETS qv EXPORT qv ARCHIVE COMPONENT dev)
-install(DIRECTORY qv/client qv/segment qv/strings qv/support DESTINATION ${qvHeaders} COMPONENT dev
-    FILES_MATCHING PATTERN "*.h"
-    PATTERN applicationPath.h EXCLUDE
-    PATTERN executablePath.h EXCLUDE
-    PATTERN lanes.h EXCLUDE
-    PATTERN mismatch.h EXCLUDE
-    PATTERN segmentKey.h EXCLUDE
-    PATTERN systemErrorText.h EXCLUDE)
+install(DIRECTORY qv TYPE INCLUDE COMPONENT dev FILES_MATCHING PATTERN "*.h")
 install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT dev
     FILES_MATCHING PATTERN "*.3")
 install(DIRECTORY debugger DESTINATION ${share}/qv COMPONENT dev PATTERN __pycache__ EXCLUDE)

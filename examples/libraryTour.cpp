@@ -1,8 +1,8 @@
 /// One look into each folder of the library. The README shows these pieces; a test holds it to
 /// them.
 
-#include "qv/segment/qvSharedMemory.h"
 #include "qv/client/qvClientCommandName.h"
+#include "qv/segment/qvSharedMemory.h"
 #include "qv/strings/qvString.h"
 #include "qv/strings/qvString8.h"
 #include "qv/support/qvCRC.h"

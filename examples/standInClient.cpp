@@ -7,9 +7,9 @@
 /// Ends after N messages or S seconds, whichever comes first, or on SIGINT or SIGTERM, and removes
 /// its segment.
 
-#include "qv/segment/qvSharedMemory.h"
 #include "qv/client/qvClientCommandName.h"
 #include "qv/client/qvClientMailbox.h"
+#include "qv/segment/qvSharedMemory.h"
 
 #include <chrono>
 #include <climits>

@@ -1,9 +1,9 @@
 #include "sender/sendMessage.h"
 
-#include "qv/segment/qvSharedMemory.h"
-#include "sender/deferredSignals.h"
-#include "sender/outcome.h"
 #include "qv/client/qvClientMailbox.h"
+#include "qv/segment/core/deferredSignals.h"
+#include "qv/segment/qvSharedMemory.h"
+#include "sender/outcome.h"
 
 namespace {
 
@@ -49,7 +49,7 @@ void deliver(qvSharedMemory& segment, ClientMessage const& message)
         return;
     }
 
-    DeferredSignals const untilUnlocked;
+    qvSegment::DeferredSignals const untilUnlocked;
     if (!segment.lock()) {
         outcome::lockFailed(segment.errorString());
         return;

@@ -1,15 +1,18 @@
 #include "viewer/mailboxLook.h"
 
-#include "qv/segment/qvSharedMemory.h"
-#include "qv/segment/segmentKey.h"
-#include "sender/deferredSignals.h"
 #include "qv/client/qvClientCommandName.h"
+#include "qv/segment/core/deferredSignals.h"
+#include "qv/segment/core/segmentKey.h"
+#include "qv/segment/qvSharedMemory.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <climits>
 
 namespace {
+
+using qvSegment::segmentKey;
+using qvSegment::segmentPrefixSize;
 
 constexpr int readRights = 0444;
 
@@ -80,7 +83,7 @@ void readUnderLock(MailboxLook& look, ReadOnlyMapping const& mapping)
         look.errorText = segment.errorString();
         return;
     }
-    DeferredSignals const untilUnlocked;
+    qvSegment::DeferredSignals const untilUnlocked;
     look.takenFrom = MailboxLook::Clock::now();
     look.lockedByUs = segment.lock();
     look.lockByte = mapping.lockByte();

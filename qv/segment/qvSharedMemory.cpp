@@ -1,6 +1,6 @@
 #include "qv/segment/qvSharedMemory.h"
 
-#include "qv/segment/segmentKey.h"
+#include "qv/segment/core/segmentKey.h"
 
 #include <cerrno>
 #include <cstdint>
@@ -8,6 +8,9 @@
 #include <sys/shm.h>
 
 namespace {
+
+using qvSegment::segmentKey;
+using qvSegment::segmentPrefixSize;
 
 constexpr int stateError = -1;
 constexpr int sizeError = 2;

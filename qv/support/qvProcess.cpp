@@ -1,8 +1,8 @@
 #include "qv/support/qvProcess.h"
 
+#include "qv/support/core/applicationPath.h"
+#include "qv/support/core/executablePath.h"
 #include "qv/support/qvSystem.h"
-#include "qv/support/applicationPath.h"
-#include "qv/support/executablePath.h"
 
 #include <cstdlib>
 
@@ -21,7 +21,7 @@ _qvString8_allSize<N> environmentVariable(char const* name)
 
 bool qvApplicationPath(_qvString8_allSize<250>& out, char* argv0)
 {
-    return applicationPathFrom(executablePath(), argv0, out);
+    return qvSupport::applicationPathFrom(qvSupport::executablePath(), argv0, out);
 }
 
 _qvString8_allSize<250> qvApplicationPath(char* argv0)

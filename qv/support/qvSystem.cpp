@@ -1,6 +1,6 @@
 #include "qv/support/qvSystem.h"
 
-#include "qv/support/systemErrorText.h"
+#include "qv/support/core/systemErrorText.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -17,7 +17,7 @@ _qvString8_allSize<250> qvLastOSError8(int code)
         text = "No Error.";
     } else {
         constexpr std::size_t size = 250;
-        if (!systemErrorText(code, text.asChar(), size))
+        if (!qvSupport::systemErrorText(code, text.asChar(), size))
             text.clear();
         text.calcLength();
         if (text.isEmpty())

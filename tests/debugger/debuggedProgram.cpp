@@ -1,8 +1,8 @@
 // What the debuggers are shown: each object of the library in the states that tell something, all
 // standing when `everyStateStands` is called.
 
-#include "qv/segment/qvSharedMemory.h"
 #include "qv/client/qvClientMailbox.h"
+#include "qv/segment/qvSharedMemory.h"
 #include "qv/strings/qvString.h"
 #include "qv/strings/qvString8.h"
 #include "qv/strings/qvString8_old.h"

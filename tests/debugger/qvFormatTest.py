@@ -161,7 +161,7 @@ class Sources(unittest.TestCase):
         self.assertEqual(qvFormat.STATE_MARKER, self.number(header, r"StateMarker = (\d+);"))
         self.assertEqual(qvFormat.COMMAND_TYPE, self.number(header, r"command = (\d+),"))
         self.assertEqual(qvFormat.SEGMENT_PREFIX,
-                         self.number("qv/segment/segmentKey.h", r"PrefixSize = (\d+);"))
+                         self.number("qv/segment/core/segmentKey.h", r"PrefixSize = (\d+);"))
 
 
 if __name__ == "__main__":

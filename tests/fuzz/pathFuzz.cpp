@@ -1,4 +1,4 @@
-#include "qv/support/applicationPath.h"
+#include "qv/support/core/applicationPath.h"
 #include "qv/support/qvProcess.h"
 #include "tests/model/directoryModel.h"
 #include "tests/support/currentDirectory.h"
@@ -54,8 +54,8 @@ extern "C" int LLVMFuzzerTestOneInput(unsigned char const* data, std::size_t siz
 
     qvTest::CurrentDirectory const directory(currentDirectory);
     qvTest::Path out = qvTest::path8("old text");
-    bool const found =
-        applicationPathFrom(qvTest::answer16(answer), argument ? argument->c_str() : nullptr, out);
+    bool const found = qvSupport::applicationPathFrom(qvTest::answer16(answer),
+                                                      argument ? argument->c_str() : nullptr, out);
     // The system gives no path that does not fit its buffer.
     bool const fits = currentDirectory.size() < qvTest::pathCapacity;
     std::string const expected =

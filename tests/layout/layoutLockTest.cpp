@@ -2,8 +2,8 @@
 // programs' binaries: size, alignment and offsets are held to images.txt, so that a change of any
 // of them shows as a change of that table.
 
-#include "qv/segment/qvSharedMemory.h"
 #include "qv/client/qvClientMailbox.h"
+#include "qv/segment/qvSharedMemory.h"
 #include "qv/strings/qvString.h"
 #include "qv/strings/qvString8.h"
 #include "qv/strings/qvString8_old.h"

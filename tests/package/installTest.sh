@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# `cmake --install` lays down exactly the files of tool.txt and dev.txt, knows no folder of this
+# `cmake --install` lays down exactly the files of tool.txt and dev.txt and the library's headers, knows no folder of this
 # machine, and what it lays down works after it was moved.
 #
 #     installTest.sh SOURCE_ROOT BUILD_FOLDER VERSION
@@ -11,10 +11,16 @@ source_root=$1 build=$2 version=$3
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 
+# All of the library's headers, and no other, are installed.
+headers=$(cd "$source_root" && find qv -name '*.h' -printf 'include/%p\n')
+expected() {
+    cat "$here/$1.txt"
+    [[ $1 == tool ]] || printf '%s\n' "$headers"
+}
 for component in tool dev; do
     cmake --install "$build" --component "$component" --prefix "$scratch/first/$component" \
         >/dev/null
-    expect "files of the component $component" "$(cat "$here/$component.txt")" \
+    expect "files of the component $component" "$(expected $component | LC_ALL=C sort)" \
         "$(cd "$scratch/first/$component" && find . ! -type d -printf '%P\n' | LC_ALL=C sort)"
 done
 

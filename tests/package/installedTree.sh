@@ -43,7 +43,7 @@ done < <(grep -roP '\]\(\K[^)#:]+(?=[)#])' "$prefix"/share/doc/*/docs --include=
 export PKG_CONFIG_LIBDIR=$prefix/lib/pkgconfig
 read -ra compile < <(pkg-config --cflags qv)
 read -ra link < <(pkg-config --libs qv)
-(cd "$prefix/include/qv" && find . -name '*.h' -printf '#include "%P"\n') >"$scratch/all.cpp"
+(cd "$prefix/include" && find qv -name '*.h' -printf '#include <%p>\n') >"$scratch/all.cpp"
 warnings=(-Wall -Wextra -Wpedantic -Werror)
 g++ -std=c++20 "${warnings[@]}" "${compile[@]}" -fsyntax-only "$scratch/all.cpp"
 

@@ -6,8 +6,8 @@
 // Every command is another one, so each entry that the client receives can be judged. The lock is
 // cooperative: what it loses, hands out twice or lets be read too early is counted. What must not
 // be is an entry that nobody sent, or one whose sender was told that it wasn't stored.
-#include "qv/segment/qvSharedMemory.h"
 #include "qv/client/qvClientMailbox.h"
+#include "qv/segment/qvSharedMemory.h"
 #include "tests/endToEnd/clientSegment.h"
 #include "tests/endToEnd/process.h"
 #include "tests/endToEnd/toolText.h"

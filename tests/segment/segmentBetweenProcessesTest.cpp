@@ -1,7 +1,7 @@
 // Real segments of the real system, shared with a second process.
 
-#include "scriptedSegment.h"
 #include "qv/support/qvSystem.h"
+#include "scriptedSegment.h"
 
 #include <gtest/gtest.h>
 

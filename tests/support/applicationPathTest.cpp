@@ -1,6 +1,6 @@
 // From the platform's answer, or the program's first argument, to the program's directory.
 
-#include "qv/support/applicationPath.h"
+#include "qv/support/core/applicationPath.h"
 
 #include "tests/model/directoryModel.h"
 #include "tests/support/allocationCount.h"
@@ -31,7 +31,7 @@ using Sizes = std::vector<std::size_t>;
 std::string fromAnswer(std::u16string_view answer, char const* argv0 = nullptr)
 {
     Path out = path8("old text");
-    if (applicationPathFrom(answer16(answer), argv0, out))
+    if (qvSupport::applicationPathFrom(answer16(answer), argv0, out))
         return textOf(out);
     EXPECT_EQ(textOf(out), "");
     return "false";
@@ -262,7 +262,7 @@ TEST(ApplicationPathFrom, AgreesWithAPlainModelWithoutAllocating)
         Path out = path8("old text");
         std::size_t const before = qvTest::allocationCount();
         bool const found =
-            applicationPathFrom(answered, argument ? argument->c_str() : nullptr, out);
+            qvSupport::applicationPathFrom(answered, argument ? argument->c_str() : nullptr, out);
         // Writing down the question that getcwd got takes an allocation of the test's own.
         ASSERT_EQ(qvTest::allocationCount() - before, directory.askedSizes().size());
 

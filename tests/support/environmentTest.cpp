@@ -1,7 +1,7 @@
 // Environment variables as 8-bit text, the system's error text as 16-bit text.
 
-#include "qv/support/qvSystem.h"
 #include "qv/support/qvProcess.h"
+#include "qv/support/qvSystem.h"
 #include "tests/support/allocationCount.h"
 #include "tests/support/paths.h"
 #include "tests/support/units.h"

@@ -1,6 +1,6 @@
 // The platform's answer by CoreFoundation: both ways to the units, and who is released when.
 
-#include "qv/support/executablePath.h"
+#include "qv/support/core/executablePath.h"
 #include "qv/support/qvProcess.h"
 #include "tests/support/paths.h"
 #include "tests/support/units.h"
@@ -160,7 +160,7 @@ std::string storage(_qvString<250> const& string, std::size_t count)
 TEST(CoreFoundationPath, CopiesTheUnitsWhereThereIsNoPointer)
 {
     Script script(false, u"/usr/b\x00EFn/\x0161tool");
-    _qvString<250> const answer = executablePath();
+    _qvString<250> const answer = qvSupport::executablePath();
     EXPECT_EQ(shown(answer), "/usr/b<00EF>n/<0161>tool");
     EXPECT_TRUE(qvTest::zeroBehindText(answer));
     EXPECT_EQ(script.what.calls, (Calls{"copy URL", "copy path", "copy 14 units from 0",
@@ -172,7 +172,7 @@ TEST(CoreFoundationPath, TakesHalfOfTheUnitsByThePointer)
 {
     {
         Script script(true, u"/usr/bin/t\x0161ol");
-        _qvString<250> const answer = executablePath();
+        _qvString<250> const answer = qvSupport::executablePath();
         EXPECT_EQ(answer.length, 13);
         // The odd byte is the low one of its unit.
         EXPECT_EQ(storage(answer, 7), "/usr/bi");
@@ -182,13 +182,13 @@ TEST(CoreFoundationPath, TakesHalfOfTheUnitsByThePointer)
     {
         Script script(true, u"/\x0161\x0162\x0163"
                             u"e/");
-        _qvString<250> const answer = executablePath();
+        _qvString<250> const answer = qvSupport::executablePath();
         EXPECT_EQ(answer.length, 6);
         EXPECT_EQ(storage(answer, 3), "/<0161><0162>");
     }
     {
         Script script(true, u"/\x0161\x0162\x0163/");
-        _qvString<250> const answer = executablePath();
+        _qvString<250> const answer = qvSupport::executablePath();
         EXPECT_EQ(answer.length, 5);
         EXPECT_EQ(storage(answer, 3), "/<0161>b");
     }
@@ -199,12 +199,12 @@ TEST(CoreFoundationPath, HasNothingWithoutUrlOrPath)
     {
         Script script(false, u"/usr/bin/tool");
         script.what.hasUrl = false;
-        EXPECT_EQ(shown(executablePath()), "");
+        EXPECT_EQ(shown(qvSupport::executablePath()), "");
         EXPECT_EQ(script.what.calls, (Calls{"copy URL"}));
     }
     Script script(false, u"/usr/bin/tool");
     script.what.hasPath = false;
-    EXPECT_EQ(shown(executablePath()), "");
+    EXPECT_EQ(shown(qvSupport::executablePath()), "");
     EXPECT_EQ(script.what.calls, (Calls{"copy URL", "copy path", "release URL"}));
 }
 
@@ -212,7 +212,7 @@ TEST(CoreFoundationPath, HasNothingInAnEmptyPath)
 {
     for (bool const direct : {false, true}) {
         Script const script(direct, u"");
-        EXPECT_EQ(shown(executablePath()), "");
+        EXPECT_EQ(shown(qvSupport::executablePath()), "");
     }
 }
 
@@ -221,14 +221,14 @@ TEST(CoreFoundationPath, IsCutAtTheCapacity)
     std::u16string const x(251, u'x');
     {
         Script const script(false, x.substr(0, 250));
-        EXPECT_EQ(shown(executablePath()), std::string(250, 'x'));
+        EXPECT_EQ(shown(qvSupport::executablePath()), std::string(250, 'x'));
     }
     {
         Script const script(false, x);
-        EXPECT_EQ(shown(executablePath()), std::string(250, 'x'));
+        EXPECT_EQ(shown(qvSupport::executablePath()), std::string(250, 'x'));
     }
     Script const script(true, x + x.substr(0, 49));
-    _qvString<250> const answer = executablePath();
+    _qvString<250> const answer = qvSupport::executablePath();
     EXPECT_EQ(answer.length, 250);
     EXPECT_EQ(storage(answer, 150), std::string(150, 'x'));
 }

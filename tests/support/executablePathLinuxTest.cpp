@@ -1,7 +1,7 @@
 // Where the program lies, by what the system answers, which fits into a path of 250 characters or
 // does not.
 
-#include "qv/support/executablePath.h"
+#include "qv/support/core/executablePath.h"
 
 #include <gtest/gtest.h>
 
@@ -34,7 +34,7 @@ std::string pathFor(std::string const& systemAnswer, bool refused = false)
 {
     answer = systemAnswer;
     isRefused = refused;
-    return executablePath().to_qvString8_500().asChar();
+    return qvSupport::executablePath().to_qvString8_500().asChar();
 }
 
 TEST(ExecutablePathLinux, IsTheSystemsAnswer)

@@ -1,7 +1,7 @@
 // The directory of the running program, asked by a program that is copied to where the path is
 // special and started there.
 
-#include "qv/support/executablePath.h"
+#include "qv/support/core/executablePath.h"
 #include "qv/support/qvProcess.h"
 #include "tests/support/allocationCount.h"
 #include "tests/support/paths.h"
@@ -106,7 +106,7 @@ TEST(ExecutablePath, GivesTheWholePathOfTheRunningProgram)
     std::string const path = ownPath();
     ASSERT_LE(path.size(), 250u) << "build in a folder that is less deep";
     std::size_t const before = qvTest::allocationCount();
-    _qvString<250> const answer = executablePath();
+    _qvString<250> const answer = qvSupport::executablePath();
     EXPECT_EQ(qvTest::allocationCount(), before);
     ASSERT_EQ(answer.length, path.size());
     EXPECT_EQ(std::u16string(answer.text, answer.text + answer.length), qvTest::widened(path));

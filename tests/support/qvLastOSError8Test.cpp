@@ -1,7 +1,7 @@
 // qvLastOSError8: the system's sentence on one line, and a text of our own where it has none.
 
-#include "qv/support/qvSystem.h"
 #include "qv/strings/qvString8.h"
+#include "qv/support/qvSystem.h"
 #include "systemCallStandIns.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,7 @@
-#include "qv/segment/qvSharedMemory.h"
-#include "qv/client/qvClientCommandName.h"
-#include "qv/support/qvStringList.h"
-
 #include <cstdio>
+#include <qv/client/qvClientCommandName.h>
+#include <qv/segment/qvSharedMemory.h>
+#include <qv/support/qvStringList.h>
 
 // Something of each room. Naming a segment calls nothing in the system.
 int main()

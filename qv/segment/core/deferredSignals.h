@@ -2,6 +2,8 @@
 
 #include <csignal>
 
+namespace qvSegment {
+
 /// Defers every signal that can be deferred for as long as it lives; a pending one takes effect as
 /// usual when it goes. A tool that is ended or stopped with the lock byte set would leave the
 /// client's mailbox locked for good, since the byte names no owner.
@@ -23,3 +25,5 @@ public:
 private:
     sigset_t previous_{}; // nobody held back, should the system refuse
 };
+
+} // namespace qvSegment

@@ -1,4 +1,4 @@
-#include "qv/support/applicationPath.h"
+#include "qv/support/core/applicationPath.h"
 
 #include "qv/support/qvProcess.h"
 
@@ -56,8 +56,8 @@ Path pathOf(char const* argv0)
 
 } // namespace
 
-bool applicationPathFrom(_qvString<250> const& answer, char const* argv0,
-                         _qvString8_allSize<250>& out)
+bool qvSupport::applicationPathFrom(_qvString<250> const& answer, char const* argv0,
+                                    _qvString8_allSize<250>& out)
 {
     out = answer.to_qvString8_250();
     if (out.isEmpty() && argv0 != nullptr)

@@ -2,6 +2,8 @@
 
 #include "qv/strings/qvString8.h"
 
+namespace qvSegment {
+
 /// What a program has to know to find a segment and its record without the class.
 
 /// Bytes ahead of the record: the lock byte and seven reserved ones.
@@ -11,3 +13,5 @@ constexpr int segmentPrefixSize = 8;
 /// name's CRC-32. Two names that agree in them meet in one segment, and a key that comes out as 0
 /// is the system's private key; nothing guards either.
 int segmentKey(_qvString8_allSize<250> const& name);
+
+} // namespace qvSegment

@@ -5,11 +5,11 @@
 #undef _POSIX_C_SOURCE
 #define _POSIX_C_SOURCE 200809L
 
-#include "qv/support/systemErrorText.h"
+#include "qv/support/core/systemErrorText.h"
 
 #include <string.h>
 
-bool systemErrorText(int code, char* buffer, std::size_t size)
+bool qvSupport::systemErrorText(int code, char* buffer, std::size_t size)
 {
     return strerror_r(code, buffer, size) == 0;
 }

@@ -1,8 +1,8 @@
-#include "qv/support/executablePath.h"
+#include "qv/support/core/executablePath.h"
 
 #include <unistd.h>
 
-_qvString<250> executablePath()
+_qvString<250> qvSupport::executablePath()
 {
     constexpr ssize_t capacity = 250;
     char bytes[capacity + 2]; // one more than fits, to see what does not, and the terminator

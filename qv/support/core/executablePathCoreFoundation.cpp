@@ -1,4 +1,4 @@
-#include "qv/support/executablePath.h"
+#include "qv/support/core/executablePath.h"
 
 #include <CoreFoundation/CoreFoundation.h>
 #include <algorithm>
@@ -24,7 +24,7 @@ void takeUnits(CFStringRef text, _qvString<250>& path)
 
 } // namespace
 
-_qvString<250> executablePath()
+_qvString<250> qvSupport::executablePath()
 {
     _qvString<250> path;
     CFURLRef const url = CFBundleCopyExecutableURL(CFBundleGetMainBundle());
