@@ -1,6 +1,5 @@
 #include "sender/outcome.h"
 
-#include "qv/client/qvClientMailbox.h"
 #include "sender/qvVersion.h"
 
 #include <cstdio>
@@ -56,12 +55,12 @@ void outcome::wrongSize(int size)
     std::printf("++++ Shared memory has wrong data size! (%d!=%d)\n", size, clientRecordSize);
 }
 
-void outcome::wrongFormat(int recordMarker, int stateMarker, int stateFlag)
+void outcome::wrongFormat(qvClientFormat const& found)
 {
     printVersion();
     std::printf("++++ Shared memory has wrong data format! (%d!=%d  %d!=%d  %d!=%d)\n",
-                recordMarker, clientRecordMarker, stateMarker, clientStateMarker, stateFlag,
-                clientStateFlag);
+                static_cast<int>(found.recordMarker), clientRecordMarker, found.stateMarker,
+                clientStateMarker, found.stateFlag, clientStateFlag);
 }
 
 void outcome::queueFull()

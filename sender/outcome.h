@@ -1,5 +1,6 @@
 #pragma once
 
+#include "qv/client/qvClientMailbox.h"
 #include "sender/workingText.h"
 
 /// How a run ends, in words: the one place that maps an outcome to its text on standard output.
@@ -19,7 +20,7 @@ void lockFailed(WorkingText const& reason);
 void wrongSize(int size);
 
 /// A format field is wrong; all three are shown, also those that agree.
-void wrongFormat(int recordMarker, int stateMarker, int stateFlag);
+void wrongFormat(qvClientFormat const& found);
 
 /// The queue holds all it can; the command is lost.
 void queueFull();

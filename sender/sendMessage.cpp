@@ -14,11 +14,9 @@ constexpr unsigned char toolKind = 2;
 /// volatile accesses, in this order.
 void enqueue(qvClientMailbox volatile& record, ClientMessage const& message)
 {
-    auto const recordMarker = static_cast<int>(record.recordMarker);
-    int const stateMarker = record.stateMarker;
-    int const stateFlag = record.stateFlag;
-    if (recordMarker != clientRecordMarker || stateMarker != clientStateMarker || stateFlag == 0) {
-        outcome::wrongFormat(recordMarker, stateMarker, stateFlag);
+    auto const format = qvClientFormat::of(record);
+    if (!format.isRight()) {
+        outcome::wrongFormat(format);
         return;
     }
 

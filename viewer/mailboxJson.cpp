@@ -63,9 +63,9 @@ void printRecord(MailboxLook const& look)
     std::printf(",\"record\":{\"lock\":{\"byte\":%d,\"byViewer\":%s,\"secondsTaken\":%.3f}",
                 look.lockByte, look.lockedByUs ? "true" : "false",
                 look.isLockTaken() ? look.secondsTaken() : 0.0);
-    printMarker("recordMarker", look.recordMarker, clientRecordMarker);
-    printMarker("stateMarker", look.stateMarker, clientStateMarker);
-    printMarker("stateFlag", look.stateFlag, clientStateFlag);
+    printMarker("recordMarker", look.format.recordMarker, clientRecordMarker);
+    printMarker("stateMarker", look.format.stateMarker, clientStateMarker);
+    printMarker("stateFlag", look.format.stateFlag, clientStateFlag);
     std::printf(",\"messageCount\":%d,\"capacity\":%d,\"entries\":", look.messageCount,
                 maxClientMessages);
     printEntries(look);

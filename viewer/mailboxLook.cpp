@@ -56,9 +56,7 @@ void refuse(MailboxLook& look, char const* step)
 void readRecord(MailboxLook& look, qvClientMailbox const volatile& record)
 {
     look.read = true;
-    look.recordMarker = record.recordMarker;
-    look.stateMarker = record.stateMarker;
-    look.stateFlag = record.stateFlag;
+    look.format = qvClientFormat::of(record);
     look.messageCount = record.messageCount;
     for (int i = 0; i < look.entryCount(); ++i)
         look.entries[i] = {record.messageKind[i], record.messageType[i], record.messageValue[i]};
@@ -112,14 +110,9 @@ long long MailboxLook::recordSize() const
     return static_cast<long long>(status.shm_segsz) - segmentPrefixSize;
 }
 
-bool MailboxLook::isRightFormat() const
-{
-    return recordMarker == clientRecordMarker && stateMarker == clientStateMarker && stateFlag != 0;
-}
-
 int MailboxLook::entryCount() const
 {
-    return isRightFormat() ? std::min<int>(messageCount, maxClientMessages) : 0;
+    return format.isRight() ? std::min<int>(messageCount, maxClientMessages) : 0;
 }
 
 /// By the class's own name, though not its attaching: it would leave by its own rule.

@@ -33,9 +33,7 @@ struct MailboxLook
     unsigned char lockByte = 0;
     Clock::time_point time;      ///< When the lock byte was read.
     Clock::time_point takenFrom; ///< From when on it was seen taken, if it is.
-    std::uint32_t recordMarker = 0;
-    std::uint16_t stateMarker = 0;
-    std::uint16_t stateFlag = 0;
+    qvClientFormat format{};
     unsigned char messageCount = 0; ///< As it stands; may be above the capacity.
     MailboxEntry entries[maxClientMessages]{};
 
@@ -44,8 +42,6 @@ struct MailboxLook
 
     /// The size that the segment offers to the record; below 0 for less than its prefix.
     long long recordSize() const;
-
-    bool isRightFormat() const;
 
     /// Entries that may be shown: none of a record that is not a client's, never above 30.
     int entryCount() const;

@@ -56,8 +56,8 @@ void printRecord(MailboxLook const& look)
 {
     printLock(look);
     std::printf("markers    recordMarker %u (%d), stateMarker %d (%d), stateFlag %d (%d)\n",
-                look.recordMarker, clientRecordMarker, look.stateMarker, clientStateMarker,
-                look.stateFlag, clientStateFlag);
+                look.format.recordMarker, clientRecordMarker, look.format.stateMarker,
+                clientStateMarker, look.format.stateFlag, clientStateFlag);
     printEntries(look);
 }
 

@@ -59,8 +59,8 @@ MailboxProblem problemOfAccess(int error)
 /// has not come to.
 bool isStarting(MailboxLook const& look)
 {
-    return (look.recordMarker == clientRecordMarker || look.recordMarker == 0) &&
-           (look.stateMarker == clientStateMarker || look.stateMarker == 0);
+    return (look.format.recordMarker == clientRecordMarker || look.format.recordMarker == 0) &&
+           (look.format.stateMarker == clientStateMarker || look.format.stateMarker == 0);
 }
 
 MailboxProblem problemOf(MailboxLook const& look)
@@ -74,7 +74,7 @@ MailboxProblem problemOf(MailboxLook const& look)
     if (look.isLockTaken())
         return look.secondsTaken() < staleLockSeconds ? MailboxProblem::lockHeld
                                                       : MailboxProblem::staleLock;
-    if (!look.isRightFormat())
+    if (!look.format.isRight())
         return isStarting(look) ? MailboxProblem::starting : MailboxProblem::wrongFormat;
     if (look.messageCount > maxClientMessages)
         return MailboxProblem::countTooHigh;

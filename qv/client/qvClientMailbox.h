@@ -50,6 +50,31 @@ inline constexpr int clientStateMarker = 3077;
 /// What a client writes to `stateFlag`, and what other values are reported against.
 inline constexpr int clientStateFlag = 1;
 
+/// The three fields by which a record is recognised as a client's, as they were read.
+struct qvClientFormat
+{
+    std::uint32_t recordMarker;
+    std::uint16_t stateMarker;
+    std::uint16_t stateFlag;
+
+    /// Reads each field once, in the order of the record.
+    /// @param record In shared memory: another process may change it meanwhile.
+    static qvClientFormat of(qvClientMailbox const volatile& record)
+    {
+        std::uint32_t const recordMarker = record.recordMarker;
+        std::uint16_t const stateMarker = record.stateMarker;
+        std::uint16_t const stateFlag = record.stateFlag;
+        return {recordMarker, stateMarker, stateFlag};
+    }
+
+    /// @return True for a client's record: both markers fit, and the flag is anything but 0.
+    bool isRight() const
+    {
+        return recordMarker == clientRecordMarker && stateMarker == clientStateMarker &&
+               stateFlag != 0;
+    }
+};
+
 static_assert(sizeof(qvClientMailbox) == clientRecordSize);
 static_assert(offsetof(qvClientMailbox, recordMarker) == 0);
 static_assert(offsetof(qvClientMailbox, stateMarker) == 928);
