@@ -2,7 +2,7 @@
 
 #include "qv/strings/qvString8.h"
 #include "qv/support/qvSystem.h"
-#include "systemCallStandIns.h"
+#include "tests/segment/systemCallStandIns.h"
 
 #include <gtest/gtest.h>
 

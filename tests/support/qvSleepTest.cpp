@@ -1,7 +1,7 @@
 // qvSleep: no single call to the system reaches a full second.
 
 #include "qv/support/qvSystem.h"
-#include "systemCallStandIns.h"
+#include "tests/segment/systemCallStandIns.h"
 
 #include <gtest/gtest.h>
 
