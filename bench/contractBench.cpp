@@ -3,7 +3,11 @@
 
 #include "bench/measure.h"
 #include "bench/texts.h"
+#include "qv/strings/core/append.h"
+#include "qv/strings/core/edit.h"
+#include "qv/strings/core/findText.h"
 #include "qv/strings/core/layoutOf.h"
+#include "qv/strings/core/splice.h"
 #include "qv/strings/qvString8.h"
 
 namespace {
@@ -44,7 +48,9 @@ void pairs()
         [](String& s) { qvStrings::insert<char>(ref(s), 5, ref(s)); });
     pair(
         "append", [](String& s) { s.add("0123456789", 10); },
-        [](String& s) { qvStrings::append(ref(s), "0123456789", 10); });
+        [](String& s) {
+            qvStrings::append(ref(s), qvStrings::Run<char>{"0123456789", 10});
+        });
     pair(
         "upper", [](String& s) { s.makeUpper(); }, [](String& s) { qvStrings::makeUpper(ref(s)); });
     pair(
@@ -52,7 +58,7 @@ void pairs()
         [](String& s) {
             String const pattern("frame");
             benchmark::DoNotOptimize(qvStrings::find<qvStrings::Case::folded, char>(
-                ref(s), pattern.text, pattern.length, 0));
+                ref(s), {pattern.text, pattern.length}, 0));
         });
 }
 

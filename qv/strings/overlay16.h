@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cstring>
+#include "qv/strings/core/run.h"
 
 /// @file
 /// The view of a 16-bit string that needs no capacity.
@@ -12,21 +12,14 @@ class _qvString_Uni_pointer;
 
 namespace qvStrings {
 
-/// What a view shows.
-struct OverlayText16
-{
-    /// First unit.
-    unsigned short const* text;
-    /// The length as stored.
-    unsigned length;
-};
-
 /// Reads a view by bytes at the offsets that all capacities share, never through the class of some
 /// other capacity.
-/// @param view The view; not null.
-/// @return Its text and length.
-inline OverlayText16 overlayText16(_qvString_Uni_pointer const* view)
+/// @param view The view.
+/// @return Its text, as long as its length field says; a null run for null.
+inline Run<unsigned short> viewed(_qvString_Uni_pointer const* view)
 {
+    if (view == nullptr)
+        return {nullptr, 0};
     constexpr std::size_t textAt = 4; // behind the length and the reserved word
     auto const* const bytes = reinterpret_cast<unsigned char const*>(view);
     unsigned short length;

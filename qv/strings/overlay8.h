@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cstring>
+#include "qv/strings/core/run.h"
 
 /// @file
 /// The view of an 8-bit string that needs no capacity.
@@ -13,21 +13,14 @@ class _qvString8_Uni_pointer;
 
 namespace qvStrings {
 
-/// What a view shows.
-struct OverlayText8
-{
-    /// First character.
-    char const* text;
-    /// The length as stored.
-    unsigned length;
-};
-
 /// Reads a view by bytes at the offsets that all capacities share, never through the class of some
 /// other capacity.
-/// @param view The view; not null.
-/// @return Its text and length.
-inline OverlayText8 overlayText8(_qvString8_Uni_pointer const* view)
+/// @param view The view.
+/// @return Its text, as long as its length field says; a null run for null.
+inline Run<char> viewed(_qvString8_Uni_pointer const* view)
 {
+    if (view == nullptr)
+        return {nullptr, 0};
     auto const* const bytes = reinterpret_cast<char const*>(view);
     unsigned short length;
     std::memcpy(&length, bytes, sizeof length);

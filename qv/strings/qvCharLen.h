@@ -1,5 +1,7 @@
 #pragma once
 
+#include "qv/strings/core/run.h"
+
 /// @file
 /// How long a raw 16-bit text is.
 
@@ -10,11 +12,5 @@
 /// @return Units before the first zero unit, 0 to 1024.
 inline unsigned short qvCharLen(unsigned short const* text)
 {
-    constexpr unsigned short bound = 1024;
-    constexpr unsigned short step = 4; // the bound is asked once for so many units
-    for (unsigned short at = 0; at < bound; at += step)
-        for (unsigned short i = at; i < at + step; ++i)
-            if (text[i] == 0)
-                return i;
-    return bound;
+    return static_cast<unsigned short>(qvStrings::measured(text).count);
 }

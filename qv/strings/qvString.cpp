@@ -4,8 +4,8 @@
 
 // Every member at every capacity.
 #define QV_INSTANTIATE(N)                                                                          \
-    template class qvStrings::Rules<_qvString<N>, qvStrings::Image16<N>>;                          \
-    template class qvStrings::Rules16<_qvString<N>, qvStrings::Image16<N>>;                        \
+    template class qvStrings::Members<_qvString<N>, qvStrings::Image16<N>>;                        \
+    template class qvStrings::Members16<_qvString<N>, qvStrings::Image16<N>>;                      \
     template class _qvString<N>;
 QV_STRING16_CAPACITIES(QV_INSTANTIATE)
 #undef QV_INSTANTIATE

@@ -2,8 +2,8 @@
 
 #include "qv/strings/capacities16.h"
 #include "qv/strings/image16.h"
+#include "qv/strings/members16.h"
 #include "qv/strings/overlay16.h"
-#include "qv/strings/rules16.h"
 
 #include <string>
 
@@ -16,15 +16,15 @@ class _qvString_old;
 /// plain bytes: it may lie in a shared record, be copied as a block, and a block of zeros is an
 /// empty string.
 ///
-/// The members are those of `Rules`, `Rules16` and the ones below.
+/// The members are those of `Members`, `Members16` and the ones below.
 ///
 /// @tparam N The capacity in units.
 template <int N>
-class _qvString : public qvStrings::Rules16<_qvString<N>, qvStrings::Image16<N>>
+class _qvString : public qvStrings::Members16<_qvString<N>, qvStrings::Image16<N>>
 {
     static_assert(qvStrings::isCapacity16(N), "16-bit strings exist for the capacities that "
                                               "qv/strings/capacities16.h lists, and for no other");
-    using Base = qvStrings::Rules16<_qvString<N>, qvStrings::Image16<N>>;
+    using Base = qvStrings::Members16<_qvString<N>, qvStrings::Image16<N>>;
 
 public:
     using Base::operator=;
@@ -37,25 +37,28 @@ public:
 
     /// One byte, length 1 also for 0; all other bytes zero.
     /// @param c The byte, sign-extended.
-    QV_KEEPS_STORAGE _qvString(char const& c) { this->construct(c); }
+    QV_KEEPS_STORAGE _qvString(char const& c) { this->construct(qvStrings::Run<char>{&c, 1}); }
 
     /// The first N bytes of a text; all other bytes zero.
     /// @param s The text, sign-extended. Null gives the empty string.
-    QV_KEEPS_STORAGE _qvString(char const* s) { this->construct(s); }
+    QV_KEEPS_STORAGE _qvString(char const* s) { this->construct(qvStrings::measured(s)); }
 
     /// Bytes, zero bytes included; all other bytes zero.
     /// @param s The bytes, sign-extended. Null gives the empty string.
     /// @param n How many, modulo 65536, cut at N.
-    QV_KEEPS_STORAGE _qvString(char const* s, int n) { this->construct(s, n); }
+    QV_KEEPS_STORAGE _qvString(char const* s, int n) { this->construct(qvStrings::counted(s, n)); }
 
     /// The first N units of a text, at most 1024; all text behind them zero, `reserved` stays.
     /// @param s The text. Null gives the empty string.
-    QV_KEEPS_STORAGE _qvString(unsigned short const* s) { this->construct(s); }
+    QV_KEEPS_STORAGE _qvString(unsigned short const* s) { this->construct(qvStrings::measured(s)); }
 
     /// Units, zero units included; all text behind them zero, `reserved` stays.
     /// @param s The units. Null goes with n = 0 only.
     /// @param n How many, modulo 65536, cut at N.
-    QV_KEEPS_STORAGE _qvString(unsigned short const* s, int n) { this->construct(s, n); }
+    QV_KEEPS_STORAGE _qvString(unsigned short const* s, int n)
+    {
+        this->construct(qvStrings::counted(s, n));
+    }
 
     /// The text of a view, whose length is taken as it stands: the caller knows that it is at most
     /// N, since a longer text is written past the object. Exactly its units and the terminator are
@@ -67,12 +70,7 @@ public:
     /// @param p The view, its text sign-extended. Null gives the empty string.
     QV_KEEPS_STORAGE _qvString(_qvString8_Uni_pointer const* p)
     {
-        this->clear();
-        if (p != nullptr) {
-            auto const viewed = qvStrings::overlayText8(p);
-            qvStrings::assignWidened(this->storage(), viewed.text, viewed.length,
-                                     qvStrings::Extension::sign);
-        }
+        qvStrings::assignCleared(this->ref(), qvStrings::viewed(p), qvStrings::Extension::sign);
     }
 
     /// The text of an older image: its length as it stands and the first N units of its text, stale
@@ -93,9 +91,8 @@ public:
     /// @return This string.
     _qvString& operator=(std::string const& s)
     {
-        qvStrings::assignWidened(this->storage(), s.data(),
-                                 static_cast<unsigned>(s.size() & 0xFFFFu),
-                                 qvStrings::Extension::sign);
+        qvStrings::assign(this->ref(), qvStrings::counted(s.data(), static_cast<int>(s.size())),
+                          qvStrings::Extension::sign);
         return *this;
     }
 
@@ -121,20 +118,20 @@ public:
 
     /// Appends the number.
     /// @param v The number.
-    void addNr(unsigned long long const& v) { this->addDecimal(v); }
+    void addNr(unsigned long long const& v) { qvStrings::appendNumber(this->checkedRef(), v); }
     /// @copydoc addNr(unsigned long long const&)
-    void addNr(int const& v) { this->addDecimal(v); }
+    void addNr(int const& v) { addNr(static_cast<long long>(v)); }
     /// @copydoc addNr(unsigned long long const&)
-    void addNr(unsigned int const& v) { this->addDecimal(v); }
+    void addNr(unsigned int const& v) { addNr(static_cast<unsigned long long>(v)); }
     /// @copydoc addNr(unsigned long long const&)
-    void addNr(unsigned char const& v) { this->addDecimal(unsigned{v}); }
+    void addNr(unsigned char const& v) { addNr(static_cast<unsigned long long>(v)); }
 
 private:
     void takeOverlay(_qvString_Uni_pointer const* p, char const* member = __builtin_FUNCTION())
     {
-        auto const viewed = qvStrings::overlayText16(p);
-        this->expectLength(viewed.length, member);
-        qvStrings::assignUnclipped(this->storage(), viewed.text, viewed.length);
+        auto const source = qvStrings::viewed(p);
+        this->expectLength(source.count, member);
+        qvStrings::assignUnclipped(this->ref(), source);
     }
 
     void takeOld(_qvString_old<N> const& o, char const* member = __builtin_FUNCTION())
@@ -143,7 +140,7 @@ private:
         // A record may be converted in place, so the source may go while it is copied.
         auto const stored = o.length;
         std::memmove(this->text, o.text, N * sizeof this->text[0]);
-        this->storage().endAt(stored);
+        this->ref().endAt(stored);
     }
 };
 
@@ -151,8 +148,8 @@ private:
 // program compiles its own.
 #ifndef QV_CHECKED
 #define QV_EXTERN(N)                                                                               \
-    extern template class qvStrings::Rules<_qvString<N>, qvStrings::Image16<N>>;                   \
-    extern template class qvStrings::Rules16<_qvString<N>, qvStrings::Image16<N>>;                 \
+    extern template class qvStrings::Members<_qvString<N>, qvStrings::Image16<N>>;                 \
+    extern template class qvStrings::Members16<_qvString<N>, qvStrings::Image16<N>>;               \
     extern template class _qvString<N>;
 QV_STRING16_CAPACITIES(QV_EXTERN)
 #undef QV_EXTERN

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "qv/strings/capacities8.h"
-#include "qv/strings/core/width.h"
 #include "qv/strings/image8.h"
+#include "qv/strings/members8.h"
 #include "qv/strings/overlay8.h"
 #include "qv/strings/qvCharLen.h"
-#include "qv/strings/rules8.h"
 
 #include <string>
 
@@ -20,15 +19,15 @@ class _qvString8_UnevenSize_old;
 /// An object is plain bytes: it may lie in a shared record, be copied as a block, and a block of
 /// zeros is an empty string.
 ///
-/// The members are those of `Rules`, `Rules8` and the ones below.
+/// The members are those of `Members`, `Members8` and the ones below.
 ///
 /// @tparam N The capacity in characters.
 template <int N>
-class _qvString8_allSize : public qvStrings::Rules8<_qvString8_allSize<N>, qvStrings::Image8<N>>
+class _qvString8_allSize : public qvStrings::Members8<_qvString8_allSize<N>, qvStrings::Image8<N>>
 {
     static_assert(qvStrings::isCapacity8(N), "8-bit strings exist for the capacities that "
                                              "qv/strings/capacities8.h lists, and for no other");
-    using Base = qvStrings::Rules8<_qvString8_allSize<N>, qvStrings::Image8<N>>;
+    using Base = qvStrings::Members8<_qvString8_allSize<N>, qvStrings::Image8<N>>;
 
 public:
     using Base::operator=;
@@ -43,22 +42,22 @@ public:
 
     /// The first N characters of a text, all text behind them zero.
     /// @param s The text. Null gives the empty string.
-    QV_KEEPS_STORAGE _qvString8_allSize(char const* s) { this->construct(s); }
+    QV_KEEPS_STORAGE _qvString8_allSize(char const* s) { this->construct(qvStrings::measured(s)); }
 
     /// Bytes, zero bytes included, all text behind them zero.
     /// @param s Must hold what is read; null goes with a count of 0 only.
     /// @param count How many, modulo 65536 (-1 gives N characters), cut at N.
-    QV_KEEPS_STORAGE _qvString8_allSize(char const* s, int count) { this->construct(s, count); }
+    QV_KEEPS_STORAGE _qvString8_allSize(char const* s, int count)
+    {
+        this->construct(qvStrings::counted(s, count));
+    }
 
     /// The low bytes of the units of a 16-bit text, at most 1024 of them whatever N (see
     /// `qvCharLen`), cut at N; all text behind them zero.
     /// @param s The text, ending in a zero unit. Null gives the empty string.
     QV_KEEPS_STORAGE _qvString8_allSize(unsigned short const* s)
     {
-        if (s == nullptr)
-            this->clear();
-        else
-            qvStrings::assignNarrowedCleared(this->storage(), s, qvCharLen(s));
+        qvStrings::assignCleared(this->ref(), qvStrings::measured(s));
     }
 
     /// The text of a view, whose length is taken as it stands: the caller knows that it is at most
@@ -67,9 +66,9 @@ public:
     /// @param p The view; not null.
     QV_KEEPS_STORAGE _qvString8_allSize(_qvString8_Uni_pointer const* p)
     {
-        auto const viewed = qvStrings::overlayText8(p);
-        this->expectLength(viewed.length);
-        qvStrings::assignUnclipped(this->storage(), viewed.text, viewed.length);
+        auto const source = qvStrings::viewed(p);
+        this->expectLength(source.count);
+        qvStrings::assignUnclipped(this->ref(), source);
     }
 
     /// The text of an older image of the same capacity: its length as it stands and exactly N bytes
@@ -79,13 +78,13 @@ public:
     QV_KEEPS_STORAGE _qvString8_allSize(_qvString8_evenSize_old<N> const& o)
     {
         takeOld(o);
-        this->storage().terminate();
+        this->ref().terminate();
     }
     /// @copydoc _qvString8_allSize(_qvString8_evenSize_old<N> const&)
     QV_KEEPS_STORAGE _qvString8_allSize(_qvString8_UnevenSize_old<N> const& o)
     {
         takeOld(o);
-        this->storage().terminate();
+        this->ref().terminate();
     }
 
     /// The same without the terminator, intended: after a text of N characters text[N] is whatever
@@ -101,7 +100,7 @@ public:
     /// @return This string.
     _qvString8_allSize& operator=(std::string const& s)
     {
-        qvStrings::assign(this->storage(), s.data(), static_cast<unsigned>(s.size() & 0xFFFFu));
+        qvStrings::assign(this->ref(), qvStrings::counted(s.data(), static_cast<int>(s.size())));
         return *this;
     }
 
@@ -119,21 +118,14 @@ public:
     /// @return This string.
     _qvString8_allSize& operator=(_qvString8_Uni_pointer const* p)
     {
-        auto const viewed = qvStrings::overlayText8(p);
-        qvStrings::assign(this->storage(), viewed.text, viewed.length);
+        qvStrings::assign(this->ref(), qvStrings::viewed(p));
         return *this;
     }
 
     /// Takes bytes, zero bytes included. Terminator.
     /// @param s The bytes. Null sets the length to 0 and nothing else.
     /// @param count How many, modulo 65536, cut at N.
-    void fromChar(char const* s, int const& count)
-    {
-        if (s == nullptr)
-            this->length = 0;
-        else
-            qvStrings::assign(this->storage(), s, Base::lowCount(count));
-    }
+    void fromChar(char const* s, int const& count) { this->take(qvStrings::counted(s, count)); }
 
     /// Appends a low byte. A full string stays as it is; only a length of exactly N counts as full
     /// (intended, unlike the `char` form: it shows on a damaged length only).
@@ -142,7 +134,7 @@ public:
     _qvString8_allSize& operator+=(unsigned short const& c)
     {
         if (this->length != N)
-            qvStrings::putUnit(this->ref(), static_cast<char>(c));
+            qvStrings::putUnit(this->checkedRef(), static_cast<char>(c));
         return *this;
     }
 
@@ -181,19 +173,25 @@ public:
 
     /// Appends the number.
     /// @param v The number.
-    void addNr(int const& v) { addDecimal(v); }
+    void addNr(int const& v) { addNr(static_cast<long long>(v)); }
     /// @copydoc addNr(int const&)
-    void addNr(long long const& v) { addDecimal(v); }
+    void addNr(long long const& v) { qvStrings::appendNumber(this->checkedRef(), v); }
     /// @copydoc addNr(int const&)
-    void addNr(unsigned long long const& v) { addDecimal(v); }
+    void addNr(unsigned long long const& v) { qvStrings::appendNumber(this->checkedRef(), v); }
 
     /// Appends the number in a field, zeros in front. The zeros stand in front of the sign too: -5
     /// in 4 columns is "00-5" (intended).
     /// @param v The number.
     /// @param minWidth Least columns, sign included.
-    void addNr(int const& v, unsigned char const& minWidth) { addDecimal(v, minWidth); }
+    void addNr(int const& v, unsigned char const& minWidth)
+    {
+        addNr(static_cast<long long>(v), minWidth);
+    }
     /// @copydoc addNr(int const&, unsigned char const&)
-    void addNr(long long const& v, unsigned char const& minWidth) { addDecimal(v, minWidth); }
+    void addNr(long long const& v, unsigned char const& minWidth)
+    {
+        qvStrings::appendZeroPadded(this->checkedRef(), v, minWidth);
+    }
 
     /// @return A new string with the number; all bytes behind it zero.
     /// @param v The number.
@@ -211,18 +209,33 @@ public:
     /// @param v The number.
     void addHexCode(signed char const& v)
     {
-        qvStrings::appendHex(this->ref(), asUnsigned(v), 2, true);
+        qvStrings::appendHex(this->checkedRef(), asUnsigned(v), 2, true);
     }
     /// @copydoc addHexCode(signed char const&)
-    void addHexCode(unsigned char const& v) { qvStrings::appendHex(this->ref(), v, 2, true); }
+    void addHexCode(unsigned char const& v)
+    {
+        qvStrings::appendHex(this->checkedRef(), v, 2, true);
+    }
     /// @copydoc addHexCode(signed char const&)
-    void addHexCode(short const& v) { qvStrings::appendHex(this->ref(), asUnsigned(v), 4, false); }
+    void addHexCode(short const& v)
+    {
+        qvStrings::appendHex(this->checkedRef(), asUnsigned(v), 4, false);
+    }
     /// @copydoc addHexCode(signed char const&)
-    void addHexCode(unsigned short const& v) { qvStrings::appendHex(this->ref(), v, 4, false); }
+    void addHexCode(unsigned short const& v)
+    {
+        qvStrings::appendHex(this->checkedRef(), v, 4, false);
+    }
     /// @copydoc addHexCode(signed char const&)
-    void addHexCode(int const& v) { qvStrings::appendHex(this->ref(), asUnsigned(v), 8, false); }
+    void addHexCode(int const& v)
+    {
+        qvStrings::appendHex(this->checkedRef(), asUnsigned(v), 8, false);
+    }
     /// @copydoc addHexCode(signed char const&)
-    void addHexCode(unsigned int const& v) { qvStrings::appendHex(this->ref(), v, 8, false); }
+    void addHexCode(unsigned int const& v)
+    {
+        qvStrings::appendHex(this->checkedRef(), v, 8, false);
+    }
 
     /// @}
     /// \name Text to numbers
@@ -251,7 +264,7 @@ public:
     {
         this->expect(!cutDigits || (bits >= 0 && bits / 4 <= this->length),
                      {bits, asSigned, cutDigits});
-        return qvStrings::toIntFromHex(this->ref(), bits, asSigned, cutDigits, ok);
+        return qvStrings::toIntFromHex(this->checkedRef(), bits, asSigned, cutDigits, ok);
     }
 
     /// @}
@@ -288,20 +301,16 @@ private:
     bool equalsOld(Old const& o, char const* member = __builtin_FUNCTION()) const
     {
         this->expectLength(o.length, member);
-        return this->equalExact(o.length == 0 ? '\0' : o.text[0], o.text, o.length);
+        unsigned const count = o.length < N ? o.length : N;
+        return qvStrings::equalExact(this->checkedRef(), count == 0 ? '\0' : o.text[0],
+                                     qvStrings::Run<char>{o.text, count});
     }
 
     /// The text that a number is read from. Only the check that `ok` asks for goes by the length,
     /// which a conversion from units may have left above N.
     auto numberRef(bool const* ok, char const* member = __builtin_FUNCTION()) const
     {
-        return ok == nullptr ? this->storage() : this->ref(member);
-    }
-
-    template <typename Number>
-    void addDecimal(Number v, unsigned minWidth = 0, char const* member = __builtin_FUNCTION())
-    {
-        qvStrings::appendZeroPadded(this->ref(member), qvStrings::DecimalText(v), minWidth);
+        return ok == nullptr ? this->ref() : this->checkedRef(member);
     }
 
     /// A signed value as the formatter sees it, extended to an int.
@@ -312,8 +321,8 @@ private:
 // program compiles its own.
 #ifndef QV_CHECKED
 #define QV_EXTERN(N)                                                                               \
-    extern template class qvStrings::Rules<_qvString8_allSize<N>, qvStrings::Image8<N>>;           \
-    extern template class qvStrings::Rules8<_qvString8_allSize<N>, qvStrings::Image8<N>>;          \
+    extern template class qvStrings::Members<_qvString8_allSize<N>, qvStrings::Image8<N>>;         \
+    extern template class qvStrings::Members8<_qvString8_allSize<N>, qvStrings::Image8<N>>;        \
     extern template class _qvString8_allSize<N>;
 QV_STRING8_CAPACITIES(QV_EXTERN)
 #undef QV_EXTERN

@@ -2,13 +2,13 @@
 
 #include "qv/strings/capacities8.h"
 #include "qv/strings/image8.h"
-#include "qv/strings/rules8.h"
+#include "qv/strings/members8.h"
 
 /// @file
 /// The older 8-bit strings, kept so that text in older records can be read, worked on and brought
 /// to `_qvString8_allSize<N>`, which takes them by construction, assignment and comparison. Text
 /// first and length behind it, so the image depends on whether N is even or odd; hence two
-/// templates. Their members are those of `Rules` and `Rules8` and nothing else.
+/// templates. Their members are those of `Members` and `Members8` and nothing else.
 ///
 /// Writing past the text (`addSpacing` without room) meets the filler and the length itself.
 
@@ -22,13 +22,13 @@ class _qvString8_evenSize_old : public qvStrings::EvenOldImage8<N>
                                              "qv/strings/capacities8.h lists, and for no other");
 };
 
-/// The older string of even capacities, with the members of `Rules` and `Rules8`.
+/// The older string of even capacities, with the members of `Members` and `Members8`.
 /// @tparam N The capacity in characters.
 template <int N>
 requires(qvStrings::isEvenOldCapacity8(N)) class _qvString8_evenSize_old<N>
-    : public qvStrings::Rules8<_qvString8_evenSize_old<N>, qvStrings::EvenOldImage8<N>>
+    : public qvStrings::Members8<_qvString8_evenSize_old<N>, qvStrings::EvenOldImage8<N>>
 {
-    using Base = qvStrings::Rules8<_qvString8_evenSize_old<N>, qvStrings::EvenOldImage8<N>>;
+    using Base = qvStrings::Members8<_qvString8_evenSize_old<N>, qvStrings::EvenOldImage8<N>>;
 
 public:
     using Base::operator=;
@@ -40,14 +40,17 @@ public:
 
     /// The first N characters of a text, all text behind them zero.
     /// @param s The text. Null gives the empty string.
-    QV_KEEPS_STORAGE _qvString8_evenSize_old(char const* s) { this->construct(s); }
+    QV_KEEPS_STORAGE _qvString8_evenSize_old(char const* s)
+    {
+        this->construct(qvStrings::measured(s));
+    }
 
     /// Bytes, zero bytes included, all text behind them zero.
     /// @param s Must hold what is read; null goes with a count of 0 only.
     /// @param count How many, modulo 65536, cut at N.
     QV_KEEPS_STORAGE _qvString8_evenSize_old(char const* s, int count)
     {
-        this->construct(s, count);
+        this->construct(qvStrings::counted(s, count));
     }
 };
 
@@ -61,13 +64,13 @@ class _qvString8_UnevenSize_old : public qvStrings::UnevenOldImage8<N>
                                              "qv/strings/capacities8.h lists, and for no other");
 };
 
-/// The older string of odd capacities, with the members of `Rules` and `Rules8`.
+/// The older string of odd capacities, with the members of `Members` and `Members8`.
 /// @tparam N The capacity in characters.
 template <int N>
 requires(qvStrings::isUnevenOldCapacity8(N)) class _qvString8_UnevenSize_old<N>
-    : public qvStrings::Rules8<_qvString8_UnevenSize_old<N>, qvStrings::UnevenOldImage8<N>>
+    : public qvStrings::Members8<_qvString8_UnevenSize_old<N>, qvStrings::UnevenOldImage8<N>>
 {
-    using Base = qvStrings::Rules8<_qvString8_UnevenSize_old<N>, qvStrings::UnevenOldImage8<N>>;
+    using Base = qvStrings::Members8<_qvString8_UnevenSize_old<N>, qvStrings::UnevenOldImage8<N>>;
 
 public:
     using Base::operator=;
@@ -79,14 +82,17 @@ public:
 
     /// The first N characters of a text, all text behind them zero.
     /// @param s The text. Null gives the empty string.
-    QV_KEEPS_STORAGE _qvString8_UnevenSize_old(char const* s) { this->construct(s); }
+    QV_KEEPS_STORAGE _qvString8_UnevenSize_old(char const* s)
+    {
+        this->construct(qvStrings::measured(s));
+    }
 
     /// Bytes, zero bytes included, all text behind them zero.
     /// @param s Must hold what is read; null goes with a count of 0 only.
     /// @param count How many, modulo 65536, cut at N.
     QV_KEEPS_STORAGE _qvString8_UnevenSize_old(char const* s, int count)
     {
-        this->construct(s, count);
+        this->construct(qvStrings::counted(s, count));
     }
 };
 
@@ -94,18 +100,18 @@ public:
 // checked program compiles its own.
 #ifndef QV_CHECKED
 #define QV_EXTERN(N)                                                                               \
-    extern template class qvStrings::Rules<_qvString8_evenSize_old<N>,                             \
-                                           qvStrings::EvenOldImage8<N>>;                           \
-    extern template class qvStrings::Rules8<_qvString8_evenSize_old<N>,                            \
-                                            qvStrings::EvenOldImage8<N>>;                          \
+    extern template class qvStrings::Members<_qvString8_evenSize_old<N>,                           \
+                                             qvStrings::EvenOldImage8<N>>;                         \
+    extern template class qvStrings::Members8<_qvString8_evenSize_old<N>,                          \
+                                              qvStrings::EvenOldImage8<N>>;                        \
     extern template class _qvString8_evenSize_old<N>;
 QV_STRING8_EVEN_OLD_CAPACITIES(QV_EXTERN)
 #undef QV_EXTERN
 #define QV_EXTERN(N)                                                                               \
-    extern template class qvStrings::Rules<_qvString8_UnevenSize_old<N>,                           \
-                                           qvStrings::UnevenOldImage8<N>>;                         \
-    extern template class qvStrings::Rules8<_qvString8_UnevenSize_old<N>,                          \
-                                            qvStrings::UnevenOldImage8<N>>;                        \
+    extern template class qvStrings::Members<_qvString8_UnevenSize_old<N>,                         \
+                                             qvStrings::UnevenOldImage8<N>>;                       \
+    extern template class qvStrings::Members8<_qvString8_UnevenSize_old<N>,                        \
+                                              qvStrings::UnevenOldImage8<N>>;                      \
     extern template class _qvString8_UnevenSize_old<N>;
 QV_STRING8_UNEVEN_OLD_CAPACITIES(QV_EXTERN)
 #undef QV_EXTERN

@@ -2,8 +2,8 @@
 
 // Every member at every capacity.
 #define QV_INSTANTIATE(N)                                                                          \
-    template class qvStrings::Rules<_qvString_old<N>, qvStrings::OldImage16<N>>;                   \
-    template class qvStrings::Rules16<_qvString_old<N>, qvStrings::OldImage16<N>>;                 \
+    template class qvStrings::Members<_qvString_old<N>, qvStrings::OldImage16<N>>;                 \
+    template class qvStrings::Members16<_qvString_old<N>, qvStrings::OldImage16<N>>;               \
     template class _qvString_old<N>;
 QV_STRING16_CAPACITIES(QV_INSTANTIATE)
 #undef QV_INSTANTIATE

@@ -1,10 +1,9 @@
 #include "qv/support/qvStringList.h"
 
-#include "qv/strings/core/width.h"
-
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 
 namespace {
 
@@ -108,10 +107,7 @@ _qvStringList::at(int const& index) const
 
 char const* _qvStringList::atAsChar(int const& index) const
 {
-    Element const& element = at(index);
-    unsigned const shown = std::min<unsigned>(element.length, sizeof charBuffer - 1);
-    qvStrings::narrow(element.text, shown, charBuffer);
-    charBuffer[shown] = 0;
+    at(index).toChar(charBuffer, sizeof charBuffer);
     return charBuffer;
 }
 
@@ -149,9 +145,11 @@ _qvString8_allSize<1000> _qvStringList::asString8()
 {
     _qvString8_allSize<1000> line;
     for (int i = 0; i < count; ++i) {
-        unsigned short const* const text = items[i].text;
+        // Up to a zero unit, whatever the length; a damaged element may have none.
+        unsigned short text[sizeof(Element::text) / sizeof(Element::text[0]) + 1] = {};
+        std::copy(std::begin(items[i].text), std::end(items[i].text), text);
         line += "'";
-        line += _qvString8_allSize<1000>(text); // up to a zero unit, whatever the length
+        line += _qvString8_allSize<1000>(text);
         line += "' ";
     }
     return line;

@@ -3,8 +3,6 @@
 
 #include "qv/support/qvText.h"
 
-#include "qv/strings/core/numberText.h"
-
 #include <cfloat>
 #include <climits>
 #include <cmath>
@@ -51,14 +49,15 @@ _qvString<25> float2Str(float value, int const& decimals, unsigned short const& 
 {
     int const integer = integerPart(value);
     float const fraction = (value - static_cast<float>(integer)) * powerOfTen(decimals);
-    qvStrings::DecimalText const digits(roundedFraction(fraction));
+    _qvString8_allSize<12> digits; // "-2147483648"
+    digits.addNr(roundedFraction(fraction));
 
     _qvString<25> text = int2Str(integer);
     text += separator;
     // The sign of the fraction counts as one of its digits.
-    for (int i = static_cast<int>(digits.length()); i < decimals && text.length < 25; ++i)
+    for (int i = static_cast<int>(digits.length); i < decimals && text.length < 25; ++i)
         text += '0';
-    text.add(digits.text());
+    text.add(digits.asChar());
     return text;
 }
 

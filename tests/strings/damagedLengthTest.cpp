@@ -51,7 +51,7 @@ TYPED_TEST(DamagedLength, SearchOverAlikeTextStaysInItsOwnCopies)
     EXPECT_FALSE(this->string().containsUpperCaseInput(pattern));
 }
 
-// Of a counted beginning no more than the capacity is compared, nor read.
+// The length counts as the capacity: a longer beginning is refused unread.
 TYPED_TEST(DamagedLength, StartsWithACountIsCutAtTheCapacity)
 {
     std::string beginning(250, '?');
@@ -59,10 +59,10 @@ TYPED_TEST(DamagedLength, StartsWithACountIsCutAtTheCapacity)
         beginning[i] = static_cast<char>(this->string().text[i]);
     std::string const longer = beginning + std::string(50, '#');
     EXPECT_TRUE(this->string().startsWith(longer.data(), 250));
-    EXPECT_TRUE(this->string().startsWith(longer.data(), 300));
+    EXPECT_FALSE(this->string().startsWith(longer.data(), 251));
     EXPECT_FALSE(this->string().startsWith(longer.data(), 60001));
     beginning.back() = '#';
-    EXPECT_FALSE(this->string().startsWith(beginning.data(), 300));
+    EXPECT_FALSE(this->string().startsWith(beginning.data(), 250));
 }
 
 TYPED_TEST(DamagedLength, HasNothingUnusedToClear)

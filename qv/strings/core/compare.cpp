@@ -1,8 +1,28 @@
 #include "qv/strings/core/compare.h"
 
 #include "qv/strings/core/mismatch.h"
+#include "qv/strings/core/widePattern.h"
+
+#include <algorithm>
 
 namespace qvStrings {
+
+namespace {
+
+/// The order of two texts that are equal as far as both reach: -1, 0 or 1.
+template <typename Unit>
+int orderOfLengths(TextRef<Unit const> a, TextRef<Unit const> b)
+{
+    return (a.length() > b.length()) - (a.length() < b.length());
+}
+
+template <typename Unit>
+unsigned commonLength(TextRef<Unit const> a, TextRef<Unit const> b)
+{
+    return std::min(a.length(), b.length());
+}
+
+} // namespace
 
 template <Case mode, typename Unit>
 unsigned mismatch(Unit const* a, Unit const* b, unsigned count)
@@ -21,15 +41,99 @@ bool equal(Unit const* a, Unit const* b, unsigned count)
         return mismatch<mode>(a, b, count) == count;
 }
 
-template <typename Unit>
-int orderFolded(Unit const* a, Unit const* b, unsigned count)
+template <Case mode, typename Unit>
+bool equalText(TextRef<Unit const> self, Run<Unit> other)
 {
-    unsigned const at = mismatch<Case::folded>(a, b, count);
-    if (at == count)
-        return 0;
-    Unit const foldedA = foldUpper(a[at]);
-    Unit const foldedB = foldUpper(b[at]);
-    return order(&foldedA, &foldedB, 1);
+    return self.length() == other.count && equal<mode>(self.text(), other.units, other.count);
+}
+
+template <typename Unit>
+bool equalExact(TextRef<Unit const> self, TextRef<Unit const> other)
+{
+    return equalExact(self, other.text()[0], other.run());
+}
+
+template <Case mode, typename Unit>
+bool equalToInput(TextRef<Unit const> self, TextRef<Unit const> other)
+{
+    unsigned const length = self.length();
+    Unit const first = length == 0 ? self.text()[0] : foldFirst<mode>(self.text()[0]);
+    return first == other.text()[0] && length == other.length() &&
+           equal<mode>(self.text(), other.text(), length);
+}
+
+bool equalBytes(TextRef<unsigned short const> self, Run<char> bytes)
+{
+    return self.length() == bytes.count &&
+           std::equal(bytes.units, bytes.units + bytes.count, self.text(),
+                      [](char byte, unsigned short unit) {
+                          return unitOf<unsigned short>(byte, Extension::zero) == unit;
+                      });
+}
+
+bool equalBytesFolded(TextRef<unsigned short const> self, Run<char> bytes)
+{
+    return self.length() == bytes.count &&
+           std::equal(bytes.units, bytes.units + bytes.count, self.text(),
+                      [](char byte, unsigned short unit) {
+                          return static_cast<signed char>(foldUpper(byte)) ==
+                                 static_cast<int>(foldUpper(unit));
+                      });
+}
+
+bool equalFirstHalf(TextRef<unsigned short const> self, Run<unsigned short> other)
+{
+    return self.length() == other.count &&
+           (other.count == 0 || std::memcmp(self.text(), other.units, other.count) == 0);
+}
+
+template <Case mode, typename Unit>
+bool begins(TextRef<Unit const> self, Run<Unit> pattern)
+{
+    return holdsPattern(self, pattern.count) &&
+           equal<mode>(self.text(), pattern.units, pattern.count);
+}
+
+template <Case mode>
+bool begins(TextRef<unsigned short const> self, Run<char> pattern)
+{
+    return holdsPattern(self, pattern.count) && begins<mode>(self, WidePattern(pattern).run());
+}
+
+template <typename Unit>
+bool ends(TextRef<Unit const> self, Run<Unit> pattern)
+{
+    return holdsPattern(self, pattern.count) &&
+           equal<Case::folded>(self.text() + (self.length() - pattern.count), pattern.units,
+                               pattern.count);
+}
+
+bool ends(TextRef<unsigned short const> self, Run<char> pattern)
+{
+    return holdsPattern(self, pattern.count) && ends(self, WidePattern(pattern).run());
+}
+
+template <typename Unit>
+int orderOfCommon(TextRef<Unit const> self, TextRef<Unit const> other)
+{
+    return order(self.text(), other.text(), commonLength(self, other));
+}
+
+template <Case mode, typename Unit>
+int orderOfTexts(TextRef<Unit const> self, TextRef<Unit const> other)
+{
+    unsigned const count = commonLength(self, other);
+    if constexpr (mode == Case::exact) {
+        int const byText = order(self.text(), other.text(), count);
+        return byText != 0 ? byText : orderOfLengths(self, other);
+    } else {
+        unsigned const at = mismatch<mode>(self.text(), other.text(), count);
+        if (at == count)
+            return orderOfLengths(self, other);
+        Unit const a = foldUpper(self.text()[at]);
+        Unit const b = foldUpper(other.text()[at]);
+        return order(&a, &b, 1);
+    }
 }
 
 #define QV_INSTANTIATE(Unit)                                                                       \
@@ -39,11 +143,22 @@ int orderFolded(Unit const* a, Unit const* b, unsigned count)
     template bool equal<Case::exact>(Unit const*, Unit const*, unsigned);                          \
     template bool equal<Case::folded>(Unit const*, Unit const*, unsigned);                         \
     template bool equal<Case::upperInput>(Unit const*, Unit const*, unsigned);                     \
-    template bool equal<Case::lowerInput>(Unit const*, Unit const*, unsigned);                     \
-    template int orderFolded(Unit const*, Unit const*, unsigned);
+    template bool equalText<Case::exact>(TextRef<Unit const>, Run<Unit>);                          \
+    template bool equalText<Case::folded>(TextRef<Unit const>, Run<Unit>);                         \
+    template bool equalExact(TextRef<Unit const>, TextRef<Unit const>);                            \
+    template bool equalToInput<Case::upperInput>(TextRef<Unit const>, TextRef<Unit const>);        \
+    template bool equalToInput<Case::lowerInput>(TextRef<Unit const>, TextRef<Unit const>);        \
+    template bool begins<Case::exact>(TextRef<Unit const>, Run<Unit>);                             \
+    template bool begins<Case::folded>(TextRef<Unit const>, Run<Unit>);                            \
+    template bool ends(TextRef<Unit const>, Run<Unit>);                                            \
+    template int orderOfCommon(TextRef<Unit const>, TextRef<Unit const>);                          \
+    template int orderOfTexts<Case::exact>(TextRef<Unit const>, TextRef<Unit const>);              \
+    template int orderOfTexts<Case::folded>(TextRef<Unit const>, TextRef<Unit const>);
 
 QV_INSTANTIATE(char)
 QV_INSTANTIATE(unsigned short)
 #undef QV_INSTANTIATE
+template bool begins<Case::exact>(TextRef<unsigned short const>, Run<char>);
+template bool begins<Case::folded>(TextRef<unsigned short const>, Run<char>);
 
 } // namespace qvStrings

@@ -1,18 +1,19 @@
 #pragma once
 
 #include "qv/strings/core/fold.h"
+#include "qv/strings/core/textRef.h"
 
 #include <cstring>
 
-/// Comparisons that both widths share, over plain runs of units. No unit of either side is read
-/// when a count is 0. The folded ones are compiled once per unit type (compare.cpp).
+/// Comparisons that both widths share. No unit of either side is read when a count is 0. Compiled
+/// once per unit type (compare.cpp).
 
 namespace qvStrings {
 
 /// How two runs of units are brought to a common case before they are compared.
 enum class Case
 {
-    exact,      ///< Both as they stand.
+    exact,      ///< Neither is changed.
     folded,     ///< The upper fold of both.
     upperInput, ///< The upper fold of the first; the caller promises that the second has it.
     lowerInput, ///< The lower fold of the first; the caller promises that the second has it.
@@ -49,15 +50,80 @@ int order(Unit const* a, Unit const* b, unsigned count)
     return count == 0 ? 0 : std::memcmp(a, b, count * sizeof(Unit));
 }
 
-/// As `order`, after the upper fold of both sides.
-template <typename Unit>
-int orderFolded(Unit const* a, Unit const* b, unsigned count);
+/// \name Equality of whole texts
+/// @{
 
-/// Length of a zero-terminated byte text as all members measure it: the low 16 bits of its
-/// strlen, so a text of 65,536 bytes counts as empty and one of 65,541 as 5 long.
-inline unsigned shortLength(char const* text)
+/// Equal lengths and equal units in the given case.
+template <Case mode, typename Unit>
+bool equalText(TextRef<Unit const> self, Run<Unit> other);
+
+/// Exact equality of the first unit, which an empty text has too, then of length and text.
+/// @param first The first unit of the other side.
+template <typename Unit>
+bool equalExact(TextRef<Unit const> self, Unit first, Run<Unit> other)
 {
-    return std::strlen(text) & 0xFFFFu;
+    return self.text()[0] == first && self.length() == other.count &&
+           equal<Case::exact>(self.text(), other.units, other.count);
 }
+
+/// The same of two strings.
+template <typename Unit>
+bool equalExact(TextRef<Unit const> self, TextRef<Unit const> other);
+
+/// The same with the folded receiver. Only units of the text are folded, not the stale first one of
+/// an empty text.
+template <Case mode, typename Unit>
+bool equalToInput(TextRef<Unit const> self, TextRef<Unit const> other);
+
+/// Equality of units with bytes, zero-extended.
+bool equalBytes(TextRef<unsigned short const> self, Run<char> bytes);
+
+/// Equality of units with bytes ignoring case, a byte counting as a signed 32-bit value: one from
+/// 0x80 up equals no unit.
+bool equalBytesFolded(TextRef<unsigned short const> self, Run<char> bytes);
+
+/// Equal lengths, and equal BYTES, as many as there are units: the first half of the text
+/// (intended).
+bool equalFirstHalf(TextRef<unsigned short const> self, Run<unsigned short> other);
+
+/// @}
+/// \name Start and end of the text
+/// A pattern of no units, or of more than the text has, is not there. One of bytes is
+/// sign-extended.
+/// @{
+
+/// True when a pattern of `count` units can be there. One unsigned 16-bit comparison tells: 0 wraps
+/// to 65535 and fails with the patterns that are too long.
+template <typename Unit>
+bool holdsPattern(TextRef<Unit const> self, unsigned count)
+{
+    return static_cast<unsigned short>(count - 1) < self.length();
+}
+
+/// True when the text begins with the pattern.
+template <Case mode, typename Unit>
+bool begins(TextRef<Unit const> self, Run<Unit> pattern);
+template <Case mode>
+bool begins(TextRef<unsigned short const> self, Run<char> pattern);
+
+/// True when the text ends with the pattern, ignoring case.
+template <typename Unit>
+bool ends(TextRef<Unit const> self, Run<Unit> pattern);
+bool ends(TextRef<unsigned short const> self, Run<char> pattern);
+
+/// @}
+/// \name Order
+/// By the stored bytes of as many units as both have: below, at or above 0.
+/// @{
+
+/// Exact, and nothing more: a text and its prefix are equal.
+template <typename Unit>
+int orderOfCommon(TextRef<Unit const> self, TextRef<Unit const> other);
+
+/// In the given case, exact or folded; of a text and its prefix the shorter comes first.
+template <Case mode, typename Unit>
+int orderOfTexts(TextRef<Unit const> self, TextRef<Unit const> other);
+
+/// @}
 
 } // namespace qvStrings

@@ -1,8 +1,11 @@
 #include "qv/strings/core/numberText.h"
 
-#include "qv/strings/core/edit.h"
+#include "qv/strings/core/append.h"
+#include "qv/strings/core/move.h"
+#include "qv/strings/core/splice.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstdio>
 #include <cstdlib>
 #include <iterator>
@@ -10,6 +13,22 @@
 namespace qvStrings {
 
 namespace {
+
+/// A number in decimal.
+class DecimalText
+{
+public:
+    template <typename Number>
+    explicit DecimalText(Number value)
+        : length_(static_cast<unsigned>(std::to_chars(text_, std::end(text_), value).ptr - text_))
+    {}
+
+    Run<char> run() const { return {text_, length_}; }
+
+private:
+    char text_[20]; // "-9223372036854775808"
+    unsigned length_;
+};
 
 /// A copy of the first `count` bytes of a text, terminated there.
 class TerminatedCopy
@@ -27,16 +46,33 @@ private:
     char bytes_[maxCapacity + 1];
 };
 
+/// True when each unit of the text is a digit, or '-' at position 0.
+template <typename Unit>
+bool isNumber(Run<Unit> text)
+{
+    for (unsigned i = 0; i < text.count; ++i) {
+        Unit const unit = text.units[i];
+        bool const isDigit = unit >= '0' && unit <= '9';
+        if (!isDigit && (unit != '-' || i != 0))
+            return false;
+    }
+    return true;
+}
+
+/// The check that `ok` asks for.
+template <typename Unit>
+bool passes(TextRef<Unit const> self, bool* ok)
+{
+    return ok == nullptr || (*ok = isNumber(self.run()));
+}
+
 /// The check and the conversion. What is converted is the stored text, up to a zero byte: an
 /// empty string with stale digits reads them, as required.
 template <typename Number>
 Number toNumber(TextRef<char const> self, bool* ok, Number (*convert)(char const*))
 {
-    if (ok != nullptr) {
-        *ok = isNumber(self);
-        if (!*ok)
-            return 0;
-    }
+    if (!passes(self, ok))
+        return 0;
     // An assignment from an older image may have left the text without its terminator.
     if (self.text()[self.capacity()] != 0)
         return convert(TerminatedCopy(self.text(), self.capacity()).text());
@@ -45,11 +81,43 @@ Number toNumber(TextRef<char const> self, bool* ok, Number (*convert)(char const
 
 } // namespace
 
-void appendZeroPadded(TextRef<char> self, DecimalText const& number, unsigned minWidth)
+template <typename Unit>
+void appendNumber(TextRef<Unit> self, long long value)
 {
-    for (unsigned width = number.length(); width < minWidth; ++width)
+    append(self, DecimalText(value).run());
+}
+
+template <typename Unit>
+void appendNumber(TextRef<Unit> self, unsigned long long value)
+{
+    append(self, DecimalText(value).run());
+}
+
+void appendZeroPadded(TextRef<char> self, long long value, unsigned minWidth)
+{
+    DecimalText const number(value);
+    for (unsigned width = number.run().count; width < minWidth; ++width)
         appendUnit(self, '0');
-    append(self, number.text(), number.length());
+    append(self, number.run());
+}
+
+void appendZeroPadded(TextRef<unsigned short> self, long long value, unsigned minWidth)
+{
+    constexpr unsigned most = 20;
+    DecimalText const number(value);
+    unsigned const digits = number.run().count;
+    unsigned const zeros = minWidth > digits ? std::min(minWidth - digits, most) : 0;
+    char field[most];
+    std::memset(field, '0', zeros);
+    auto const kept = cut(number.run(), most - zeros);
+    moveUnits(field + zeros, kept);
+    append<unsigned short, char>(self, {field, zeros + kept.count});
+}
+
+template <typename Unit>
+void appendNumberField(TextRef<Unit> self, long long value, int width)
+{
+    appendField(self, DecimalText(value).run(), width);
 }
 
 void appendHex(TextRef<char> self, unsigned value, unsigned minDigits, bool lastTwo)
@@ -61,14 +129,24 @@ void appendHex(TextRef<char> self, unsigned value, unsigned minDigits, bool last
     char const* const begin = std::end(digits) - count;
     unsigned const kept = std::min(count, self.capacity());
     if (lastTwo)
-        append(self, begin + kept - 2, 2);
+        append<char, char>(self, {begin + kept - 2, 2});
     else
-        append(self, begin, kept);
+        append<char, char>(self, {begin, kept});
 }
 
 int toInt(TextRef<char const> self, bool* ok)
 {
     return toNumber(self, ok, std::atoi);
+}
+
+int toInt(TextRef<unsigned short const> self, bool* ok)
+{
+    if (!passes(self, ok))
+        return 0;
+    constexpr unsigned most = 249;
+    char bytes[most + 1];
+    narrowTerminated(bytes, cut(self.run(), most));
+    return std::atoi(bytes);
 }
 
 long long toInt64(TextRef<char const> self, bool* ok)
@@ -82,11 +160,8 @@ long long toIntFromHex(TextRef<char> self, int bits, bool asSigned, bool cutDigi
     auto const counted = static_cast<short>(digits); // a length is set from 16 bits
     unsigned const count = counted <= 0 ? 0 : static_cast<unsigned>(counted);
     TerminatedCopy const field(self.text(), std::min(count, self.capacity()));
-    if (cutDigits) {
-        unsigned const rest = self.length() - static_cast<unsigned>(digits);
-        self.storeLength(0); // ahead of the move, since a negative field moves the length bytes in
-        rebuild<char>(self, 0, self.text(), 0, digits, rest);
-    }
+    if (cutDigits)
+        removeField(self, digits);
 
     if (!asSigned) {
         if (ok != nullptr)
@@ -104,5 +179,14 @@ long long toIntFromHex(TextRef<char> self, int bits, bool asSigned, bool cutDigi
            : bits == 16 ? static_cast<short>(value)
                         : static_cast<signed char>(value);
 }
+
+#define QV_INSTANTIATE(Unit)                                                                       \
+    template void appendNumber(TextRef<Unit>, long long);                                          \
+    template void appendNumber(TextRef<Unit>, unsigned long long);                                 \
+    template void appendNumberField(TextRef<Unit>, long long, int);
+
+QV_INSTANTIATE(char)
+QV_INSTANTIATE(unsigned short)
+#undef QV_INSTANTIATE
 
 } // namespace qvStrings

@@ -2,60 +2,36 @@
 
 #include "qv/strings/core/textRef.h"
 
-#include <charconv>
-#include <type_traits>
-
 /// Numbers to text and back. The text is what the system library's formatting gives, without
-/// asking a locale.
+/// asking a locale. What does not fit is cut at the end.
 
 namespace qvStrings {
 
-/// A number in decimal: "%d", "%lld" or "%llu" by the type of the value.
-class DecimalText
-{
-public:
-    template <typename Number>
-    explicit DecimalText(Number value)
-    {
-        static_assert(sizeof(Number) <= sizeof(long long) && std::is_integral_v<Number>);
-        char* const end = std::to_chars(text_, text_ + maxLength, value).ptr;
-        *end = 0;
-        length_ = static_cast<unsigned>(end - text_);
-    }
+/// Appends a number in decimal.
+template <typename Unit>
+void appendNumber(TextRef<Unit> self, long long value);
+template <typename Unit>
+void appendNumber(TextRef<Unit> self, unsigned long long value);
 
-    char const* text() const { return text_; }
-    unsigned length() const { return length_; }
+/// Appends a number in a field of at least `minWidth`, zeros in front of the digits and of a sign:
+/// -5 in 4 columns is "00-5", intended. The field of a 16-bit string is formed in 20 characters
+/// whatever its capacity, so a `minWidth` above 20 costs the low digits.
+void appendZeroPadded(TextRef<char> self, long long value, unsigned minWidth);
+void appendZeroPadded(TextRef<unsigned short> self, long long value, unsigned minWidth);
 
-private:
-    static constexpr int maxLength = 20; // "-9223372036854775808"
-    char text_[maxLength + 1];
-    unsigned length_;
-};
-
-/// Appends the digits of `number` in a field of `minWidth`, zeros in front of them and of a sign:
-/// -5 in 4 columns is "00-5", intended. What does not fit is cut at the end.
-void appendZeroPadded(TextRef<char> self, DecimalText const& number, unsigned minWidth);
+/// Appends a number as `appendField` appends its text.
+template <typename Unit>
+void appendNumberField(TextRef<Unit> self, long long value, int width);
 
 /// Appends `value` in upper-case hex digits, at least `minDigits`, zeros in front. The digits pass
 /// through a text of the receiver's capacity, which keeps the first ones; `lastTwo` then keeps
 /// the last two of these. So capacities 6 and 7 cut the eight digits of a value, as required.
 void appendHex(TextRef<char> self, unsigned value, unsigned minDigits, bool lastTwo);
 
-/// True when each unit of the text is a digit, or '-' at position 0. The empty text is one.
-template <typename Unit>
-bool isNumber(TextRef<Unit const> self)
-{
-    Unit const* const text = self.text();
-    for (unsigned i = 0; i < self.length(); ++i) {
-        bool const isDigit = text[i] >= '0' && text[i] <= '9';
-        if (!isDigit && (text[i] != '-' || i != 0))
-            return false;
-    }
-    return true;
-}
-
-/// `atoi` of the text. With `ok` `isNumber` is asked first; else *ok is false and the result 0.
+/// `atoi` of the text. With `ok` each unit has to be a digit, or '-' at position 0, else *ok is
+/// false and the result 0; the empty text passes. Of units the first 249 count, by their low bytes.
 int toInt(TextRef<char const> self, bool* ok);
+int toInt(TextRef<unsigned short const> self, bool* ok);
 
 /// The same with `atoll`.
 long long toInt64(TextRef<char const> self, bool* ok);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "qv/strings/core/run.h"
+
 #include <cstring>
 #include <type_traits>
 
@@ -7,6 +9,9 @@ namespace qvStrings {
 
 /// The greatest capacity of all fixed strings, in units: what a copy on the stack must hold.
 constexpr unsigned maxCapacity = 5000;
+
+/// The same of the 16-bit strings alone.
+constexpr unsigned maxWideCapacity = 2500;
 
 /// Where the parts of a fixed string lie in its object. Offsets and size in bytes, the capacity
 /// in units. Eight bytes, so that a TextRef travels in two registers.
@@ -42,16 +47,27 @@ public:
     Byte* object() const { return object_; }
     Layout const& layout() const { return layout_; }
 
-    /// The stored length, which only damaged records hold above the capacity.
+    /// The length, at most the capacity. Strings lie in shared records, so another process may have
+    /// written any number there: this bound keeps every member inside the object.
     unsigned length() const
+    {
+        unsigned const stored = storedLength();
+        return stored < capacity() ? stored : capacity();
+    }
+
+    /// The length as it is stored, for the few members that are laid down to trust it.
+    unsigned storedLength() const
     {
         unsigned short stored;
         std::memcpy(&stored, object_ + layout_.lengthAt, sizeof stored);
         return stored;
     }
 
-    /// Units that still fit; 0 also for a damaged length.
-    unsigned room() const { return length() < capacity() ? capacity() - length() : 0; }
+    /// Units that still fit.
+    unsigned room() const { return capacity() - length(); }
+
+    /// The text.
+    Run<Value> run() const { return {text(), length()}; }
 
     /// Stores the length (its low 16 bits) and nothing else.
     void storeLength(unsigned length) const
@@ -60,8 +76,8 @@ public:
         std::memcpy(object_ + layout_.lengthAt, &stored, sizeof stored);
     }
 
-    /// Writes the terminator behind the text.
-    void terminate() const { text()[length()] = 0; }
+    /// Writes the terminator where the stored length says.
+    void terminate() const { text()[storedLength()] = 0; }
 
     /// Stores the length and writes the terminator behind it.
     void endAt(unsigned length) const

@@ -1,12 +1,14 @@
 #pragma once
 
+#include "qv/strings/core/append.h"
 #include "qv/strings/core/compare.h"
 #include "qv/strings/core/contract.h"
 #include "qv/strings/core/edit.h"
+#include "qv/strings/core/findText.h"
+#include "qv/strings/core/findUnit.h"
 #include "qv/strings/core/layoutOf.h"
 #include "qv/strings/core/numberText.h"
-#include "qv/strings/core/reshape.h"
-#include "qv/strings/core/search.h"
+#include "qv/strings/core/splice.h"
 #include "qv/strings/keepStorage.h"
 
 #include <cstring>
@@ -15,39 +17,47 @@
 /// What the string classes are built of. Their users need none of its names.
 namespace qvStrings {
 
-/// The members that mean the same in every fixed string, of either width and any image, each rule
-/// written once. Members that only look alike in both widths are in `Rules8` and `Rules16`.
+/// The members that mean the same in every fixed string, of either width and any image. Each adapts
+/// its arguments and calls the core. Members that only look alike in both widths are in `Members8`
+/// and `Members16`.
 ///
 /// An object holds up to N units of text (N is the capacity of the image; a unit is a `char` or an
 /// `unsigned short`). It never allocates, and is as safe as its bytes: there is no lock. What does
 /// not fit is cut at the end, silently; no member reports a failure.
 ///
 /// Names without a suffix ignore the case of ASCII letters, whatever the locale; every other unit
-/// compares as itself. `CaseSen`, `CaseSens` and `SameCase` are exact. "Terminator" in a comment
-/// means that text[length] = 0 is written; units behind it stay as they were unless the comment
-/// says otherwise.
+/// compares as itself. `CaseSen`, `CaseSens` and `SameCase` are exact, and so are the operators,
+/// `lastIndexOf`, and `startsWith` and `endsWith` of one unit. "Terminator" in a comment means that
+/// text[length] = 0 is written; units behind it stay as they were unless the comment says
+/// otherwise.
 ///
-/// A length above N, which only a damaged record holds, is outside the contract of the members that
-/// go by it. What a call outside a contract does is said and stays as it is, unless the program is
-/// built with QV_CHECKED: then it ends there (`core/contract.h`).
+/// A `char const*` is measured by the low 16 bits of its strlen. As a pattern its first N bytes
+/// count, sign-extended to units; null is a pattern that is found nowhere. What a byte from 0x80 up
+/// becomes in a 16-bit string each member says (0xE4: 0xFFE4 by sign, 0x00E4 by zero extension); in
+/// an 8-bit string it stays a byte.
+///
+/// A length above N, which only a damaged record holds, counts as N: no member reads or writes
+/// outside the object for it, but for the few whose comment says so. What a call outside a contract
+/// does is said and stays as it is, unless the program is built with QV_CHECKED: then it ends
+/// there, as it does when a member meets a length above N (`core/contract.h`).
 ///
 /// @tparam Self The public class.
 /// @tparam Image Its memory image.
 template <typename Self, typename Image>
-class Rules : public Image
+class Members : public Image
 {
 public:
     /// One unit of the text.
     using Unit = std::remove_extent_t<decltype(Image::text)>;
 
     /// Copies the whole image, the spare bytes too.
-    Rules(Rules const&) = default;
+    Members(Members const&) = default;
 
     /// Copies the length and all N + 1 units of text, so what stands behind the terminator travels
     /// too; the spare bytes of the image stay.
     /// @param other May be this string: nothing changes.
     /// @return This string.
-    Rules& operator=(Rules const& other)
+    Members& operator=(Members const& other)
     {
         std::memmove(this->text, other.text, sizeof this->text);
         this->length = other.length;
@@ -66,16 +76,16 @@ public:
 
     /// Zeroes text[length] to text[N], so that two strings of equal text are equal bytes: for a
     /// block compare or write of a record. A length above N leaves nothing to zero.
-    void clearUnused() { qvStrings::clearUnused(ref()); }
+    void clearUnused() { qvStrings::clearUnused(checkedRef()); }
 
     /// Takes the length from the text, after the text was filled in place: the first zero among
     /// text[0] to text[N - 1], else N. Terminator.
-    void calcLength() { qvStrings::calcLength(storage()); }
+    void calcLength() { qvStrings::calcLength(ref()); }
 
     /// Sets the length. Terminator. The text stays, so a greater length exposes whatever units
     /// stand there.
     /// @param n Units: at or below 0 gives 0, above N gives N.
-    void setLength(short const& n) { qvStrings::setLength(storage(), n); }
+    void setLength(short const& n) { qvStrings::setLength(ref(), n); }
 
     /// @return True for a length of 0.
     bool isEmpty() const { return this->length == 0; }
@@ -90,8 +100,7 @@ public:
     static Self createCharString(Unit& c, int const& n)
     {
         Self result;
-        if (n >= 1)
-            fill(result.storage(), c, lowCount(n));
+        fill(result.ref(), c, n);
         return result;
     }
 
@@ -103,15 +112,24 @@ public:
     /// Appends units, zero units included. Terminator.
     /// @param s Holds as many of the n units as fit; may point into this object. Null: no change.
     /// @param n Not reduced modulo 65536; near 2^32 clipped like any other. 0: no change at all.
-    void add(Unit const* s, unsigned int n)
-    {
-        if (s != nullptr && n != 0)
-            append(ref(), s, n);
-    }
+    void add(Unit const* s, unsigned int n) { appendSome(checkedRef(), Run<Unit>{s, n}); }
+
+    /// Appends a text, zero-extended. Terminator.
+    /// @param s Null and the empty text change nothing at all.
+    void add(char const* s) { appendSome(checkedRef(), measured(s)); }
 
     /// Appends a string, whose length is read once: `s.add(s)` doubles the text. Terminator.
     /// @param other An empty one changes nothing at all.
-    void add(Self const& other) { add(other.text, other.used()); }
+    void add(Self const& other) { appendSome(checkedRef(), other.checkedRun()); }
+
+    /// Appends a text, sign-extended. Terminator, for the empty text too.
+    /// @param s Null changes nothing.
+    /// @return This string.
+    Self& operator+=(char const* s)
+    {
+        append(checkedRef(), measured(s), Extension::sign);
+        return self();
+    }
 
     /// Appends a string unit by unit, reading its length afresh on each step. So `s += s` does not
     /// double s: it repeats the text until the capacity is full. This is intended.
@@ -119,7 +137,7 @@ public:
     /// @return This string.
     Self& operator+=(Self const& other)
     {
-        appendRepeating(ref(), other.ref());
+        appendRepeating<Unit>(checkedRef(), other.checkedRef());
         return self();
     }
 
@@ -128,7 +146,7 @@ public:
     /// @return This string.
     Self& operator+=(Unit const& c)
     {
-        appendUnit(ref(), c);
+        appendUnit(checkedRef(), c);
         return self();
     }
 
@@ -165,8 +183,17 @@ public:
     Self combined(Self const& other) const
     {
         Self result = self();
-        append(result.ref(), other.text, other.used());
+        append(result.checkedRef(), other.checkedRun());
         return result;
+    }
+
+    /// Appends a text, zero-extended, in a field of |width| columns, held inside the capacity. A
+    /// longer text is not cut to the field. Width 0 without a text changes nothing at all.
+    /// @param s The text; null counts as empty.
+    /// @param width Columns: negative pads with blanks on the left, positive on the right.
+    void addSpacingC(char const* s, int const& width)
+    {
+        appendField(checkedRef(), measured(s), width);
     }
 
     /// Appends the number in a field as by `addSpacingC`. No thousands separator.
@@ -174,7 +201,7 @@ public:
     /// @param width Columns: negative pads on the left, positive on the right.
     void addNrSpacing(long long const& v, signed char const& width)
     {
-        self().addSpacingC(DecimalText(v).text(), width);
+        appendNumberField(checkedRef(), v, width);
     }
 
     /// @}
@@ -187,7 +214,7 @@ public:
     /// @return True when all three are equal.
     bool operator==(Self const& other) const
     {
-        return equalExact(other.text[0], other.text, other.used());
+        return equalExact(checkedRef(), other.checkedRef());
     }
 
     /// @return The opposite of `operator==`.
@@ -203,34 +230,37 @@ public:
     /// @param n Units of `s`.
     bool isEqualSameCase(Unit const* s, int n) const
     {
-        return used() == n && equal<Case::exact>(this->text, s, this->length);
+        return equalText<Case::exact>(checkedRef(), Run<Unit>{s, static_cast<unsigned>(n)});
     }
 
     /// @return True for equal lengths and equal units, ignoring case. Two empty strings are equal
     /// whatever stands behind their terminators.
     /// @param other String to compare with.
-    bool isEqual(Self const& other) const { return isEqual(other.text, other.used()); }
+    bool isEqual(Self const& other) const
+    {
+        return equalText<Case::folded>(checkedRef(), other.checkedRun());
+    }
 
     /// @return True for a length of `n` and the same `n` units, ignoring case.
     /// @param s Not read when the lengths differ or `n` is 0, else not null. Needs no terminator.
     /// @param n Units of `s`.
     bool isEqual(Unit const* s, int n) const
     {
-        return used() == n && equal<Case::folded>(this->text, s, this->length);
+        return equalText<Case::folded>(checkedRef(), Run<Unit>{s, static_cast<unsigned>(n)});
     }
 
     /// @return As `operator==` with the upper fold of this string.
     /// @param other In upper case already, as promised: a lower-case letter never matches.
     bool isEqualUpperCaseInput(Self const& other) const
     {
-        return equalToInput<Case::upperInput>(other);
+        return equalToInput<Case::upperInput>(checkedRef(), other.checkedRef());
     }
 
     /// @return As `operator==` with the lower fold of this string.
     /// @param other In lower case already, as promised: an upper-case letter never matches.
     bool isEqualLowerCaseInput(Self const& other) const
     {
-        return equalToInput<Case::lowerInput>(other);
+        return equalToInput<Case::lowerInput>(checkedRef(), other.checkedRef());
     }
 
     /// @}
@@ -244,10 +274,7 @@ public:
     /// @return Below 0 when this string comes first, 0 when neither does, above 0 else.
     int compare(Self const& other) const
     {
-        int const byText = orderFolded<Unit>(this->text, other.text, commonLength(other));
-        if (byText != 0)
-            return byText;
-        return this->length == other.length ? 0 : this->length < other.length ? -1 : 1;
+        return orderOfTexts<Case::folded>(checkedRef(), other.checkedRef());
     }
 
     /// Exact order over the shorter length and nothing more: a text and its prefix give 0
@@ -256,7 +283,7 @@ public:
     /// @return Below 0 when this string comes first, 0 when neither does, above 0 else.
     int compareSameCase(Self const& other) const
     {
-        return order<Unit>(this->text, other.text, commonLength(other));
+        return orderOfCommon(checkedRef(), other.checkedRef());
     }
 
     /// Exact order; of a text and its prefix the shorter is less.
@@ -264,16 +291,14 @@ public:
     /// @return True when this string is less.
     bool operator<(Self const& other) const
     {
-        int const byText = compareSameCase(other);
-        return byText != 0 ? byText < 0 : this->length < other.length;
+        return orderOfTexts<Case::exact>(checkedRef(), other.checkedRef()) < 0;
     }
 
     /// @return The mirror of `operator<`.
     /// @param other String to compare with.
     bool operator>(Self const& other) const
     {
-        int const byText = compareSameCase(other);
-        return byText != 0 ? byText > 0 : this->length > other.length;
+        return orderOfTexts<Case::exact>(checkedRef(), other.checkedRef()) > 0;
     }
 
     /// @}
@@ -288,33 +313,38 @@ public:
     /// @return First place of the pattern at or behind `start`.
     int indexOf(Self const& pattern, int start) const
     {
-        return findText<Case::folded>(pattern, start);
+        expect(start >= 0, {start});
+        return find<Case::folded>(checkedRef(), pattern.checkedRun(), start);
     }
 
     /// The same, exact.
     /// @copydetails indexOf(Self const&, int) const
     int indexOfCaseSen(Self const& pattern, int start) const
     {
-        return findText<Case::exact>(pattern, start);
+        expect(start >= 0, {start});
+        return find<Case::exact>(checkedRef(), pattern.checkedRun(), start);
     }
 
     /// @return First place of `c` at or behind `start`, ignoring case.
     /// @param c Unit to look for.
     /// @param start Only one inside the text counts: any other, also one behind the end, means 0.
-    int indexOf(Unit const& c, int start) const { return findUnit<Case::folded>(ref(), c, start); }
+    int indexOf(Unit const& c, int start) const
+    {
+        return findUnit<Case::folded>(checkedRef(), c, start);
+    }
 
     /// @return First place of `c` at or behind `start`, exact.
     /// @param c Unit to look for.
     /// @param start As for `indexOf`.
     int indexOfCaseSen(Unit const& c, int start) const
     {
-        return findUnit<Case::exact>(ref(), c, start);
+        return findUnit<Case::exact>(checkedRef(), c, start);
     }
 
     /// @return Last place of `c` at or before `start`, exact.
     /// @param c Unit to look for.
     /// @param start One outside the text means its last unit.
-    int lastIndexOf(Unit const& c, int start) const { return findLastUnit(ref(), c, start); }
+    int lastIndexOf(Unit const& c, int start) const { return findLastUnit(checkedRef(), c, start); }
 
     /// Searches the patterns in turn, ignoring case. One found at position 0 ends the search; else
     /// the result is the position of the LAST listed pattern that was found, not the smallest
@@ -325,7 +355,7 @@ public:
     /// @return The position.
     int indexOfFirstOcc(Self const& a, Self const& b, int* which) const
     {
-        return findFirstOcc<Unit>(ref(), {a.ref(), b.ref()}, which);
+        return findFirstOcc(checkedRef(), {a.checkedRef(), b.checkedRef()}, which);
     }
 
     /// The same with six patterns.
@@ -340,8 +370,10 @@ public:
     int indexOfFirstOcc(Self const& a, Self const& b, Self const& c, Self const& d, Self const& e,
                         Self const& f, int* which) const
     {
-        return findFirstOcc<Unit>(ref(), {a.ref(), b.ref(), c.ref(), d.ref(), e.ref(), f.ref()},
-                                  which);
+        return findFirstOcc(checkedRef(),
+                            {a.checkedRef(), b.checkedRef(), c.checkedRef(), d.checkedRef(),
+                             e.checkedRef(), f.checkedRef()},
+                            which);
     }
 
     /// @}
@@ -351,20 +383,50 @@ public:
 
     /// @return True when the pattern is in the text, ignoring case.
     /// @param pattern Text to look for.
-    bool contains(Self const& pattern) const { return findText<Case::folded>(pattern, 0) >= 0; }
+    bool contains(Self const& pattern) const
+    {
+        return find<Case::folded>(checkedRef(), pattern.checkedRun(), 0) >= 0;
+    }
+    /// @copydoc contains(Self const&) const
+    bool contains(char const* pattern) const
+    {
+        return find<Case::folded>(checkedRef(), patternOf(pattern, capacity()), 0) >= 0;
+    }
+
+    /// @return True when the byte is in the text, ignoring case.
+    /// @param c Byte to look for, sign-extended.
+    bool contains(char const& c) const { return indexOf(unitOf<Unit>(c, Extension::sign), 0) >= 0; }
 
     /// @return True when the pattern is in the text, exact.
     /// @param pattern Text to look for.
     bool containsCaseSen(Self const& pattern) const
     {
-        return findText<Case::exact>(pattern, 0) >= 0;
+        return find<Case::exact>(checkedRef(), pattern.checkedRun(), 0) >= 0;
+    }
+    /// @copydoc containsCaseSen(Self const&) const
+    bool containsCaseSen(char const* pattern) const
+    {
+        return find<Case::exact>(checkedRef(), patternOf(pattern, capacity()), 0) >= 0;
+    }
+
+    /// @return True when the pattern is in the text, exact.
+    /// @param s The pattern's bytes, zero bytes included.
+    /// @param n How many, modulo 65536, cut at N.
+    bool containsCaseSen(char const* s, int const& n) const
+    {
+        return find<Case::exact>(checkedRef(), cut(counted(s, n), capacity()), 0) >= 0;
     }
 
     /// @return True when the pattern is in the upper fold of the text.
     /// @param pattern In upper case already, as promised: folded once instead of twice.
     bool containsUpperCaseInput(Self const& pattern) const
     {
-        return findText<Case::upperInput>(pattern, 0) >= 0;
+        return find<Case::upperInput>(checkedRef(), pattern.checkedRun(), 0) >= 0;
+    }
+    /// @copydoc containsUpperCaseInput(Self const&) const
+    bool containsUpperCaseInput(char const* pattern) const
+    {
+        return find<Case::upperInput>(checkedRef(), patternOf(pattern, capacity()), 0) >= 0;
     }
 
     /// @}
@@ -374,29 +436,43 @@ public:
 
     /// @return True when the first unit is `c`, exact in spite of the name.
     /// @param c Unit to compare with.
-    bool startsWith(Unit const& c) const { return this->length != 0 && this->text[0] == c; }
+    bool startsWith(Unit const& c) const { return !isEmpty() && this->text[0] == c; }
 
     /// @return True when the last unit is `c`, exact in spite of the name.
     /// @param c Unit to compare with.
-    bool endsWith(Unit const& c) const { return used() != 0 && this->text[this->length - 1] == c; }
+    bool endsWith(Unit const& c) const
+    {
+        return !isEmpty() && this->text[checkedRun().count - 1] == c;
+    }
 
     /// @return True when the text begins with the pattern, ignoring case.
     /// @param pattern Text to compare with.
     bool startsWith(Self pattern) const
     {
-        return begins<Case::folded>(pattern.text, pattern.used());
+        return begins<Case::folded>(checkedRef(), pattern.checkedRun());
+    }
+    /// @return True when the text begins with the pattern, ignoring case.
+    /// @param pattern Text to compare with.
+    bool startsWith(char const* pattern) const
+    {
+        return begins<Case::folded>(checkedRef(), patternOf(pattern, capacity()));
     }
 
     /// @return True when the text begins with the pattern, exact.
     /// @param pattern Text to compare with.
     bool startsWithCaseSen(Self pattern) const
     {
-        return begins<Case::exact>(pattern.text, pattern.used());
+        return begins<Case::exact>(checkedRef(), pattern.checkedRun());
     }
 
     /// @return True when the text ends with the pattern, ignoring case.
     /// @param pattern Text to compare with.
-    bool endsWith(Self const& pattern) const { return endsFolded(pattern.text, pattern.used()); }
+    bool endsWith(Self const& pattern) const { return ends(checkedRef(), pattern.checkedRun()); }
+    /// @copydoc endsWith(Self const&) const
+    bool endsWith(char const* pattern) const
+    {
+        return ends(checkedRef(), patternOf(pattern, capacity()));
+    }
 
     /// @}
     /// \name Editing in place
@@ -405,14 +481,14 @@ public:
     /// @{
 
     /// Upper fold of every unit.
-    void makeUpper() { qvStrings::makeUpper(ref()); }
+    void makeUpper() { qvStrings::makeUpper(checkedRef()); }
 
     /// Lower fold of every unit.
-    void makeLower() { qvStrings::makeLower(ref()); }
+    void makeLower() { qvStrings::makeLower(checkedRef()); }
 
     /// Strips the units 0, 9, 10, 13 and 32 (zeros, tabs, line ends, blanks) from both ends, and no
     /// others. Terminator in every case.
-    void trim() { qvStrings::trim(ref()); }
+    void trim() { qvStrings::trim(checkedRef()); }
 
     /// Replaces a unit, ignoring case; the length stays.
     /// @param a Every unit equal to it is replaced.
@@ -420,7 +496,7 @@ public:
     /// @return This string.
     Self& replace(Unit const& a, Unit const& b)
     {
-        replaceUnit(ref(), a, b);
+        replaceUnit(checkedRef(), a, b);
         return self();
     }
 
@@ -431,7 +507,7 @@ public:
     /// @return This string.
     Self& replace(Self const& from, Self const& to)
     {
-        replaceAll<Case::folded>(ref(), from.ref(), to.ref());
+        replaceAll<Case::folded, Unit>(checkedRef(), from.checkedRef(), to.checkedRef());
         return self();
     }
 
@@ -439,7 +515,7 @@ public:
     /// @copydetails replace(Self const&, Self const&)
     Self& replaceCaseSen(Self const& from, Self const& to)
     {
-        replaceAll<Case::exact>(ref(), from.ref(), to.ref());
+        replaceAll<Case::exact, Unit>(checkedRef(), from.checkedRef(), to.checkedRef());
         return self();
     }
 
@@ -449,7 +525,7 @@ public:
     /// @return This string.
     Self& remove(Self const& pattern)
     {
-        removeAll<Case::folded>(ref(), pattern.ref());
+        removeAll<Case::folded, Unit>(checkedRef(), pattern.checkedRef());
         return self();
     }
 
@@ -457,7 +533,7 @@ public:
     /// @copydetails remove(Self const&)
     Self& removeCaseSens(Self const& pattern)
     {
-        removeAll<Case::exact>(ref(), pattern.ref());
+        removeAll<Case::exact, Unit>(checkedRef(), pattern.checkedRef());
         return self();
     }
 
@@ -466,7 +542,7 @@ public:
     /// @return A copy of the changed string.
     Self remove(Unit const& c)
     {
-        removeUnit(ref(), c);
+        removeUnit(checkedRef(), c);
         return self();
     }
 
@@ -477,9 +553,9 @@ public:
     /// @param count How many.
     void remove(int const& start, int const& count)
     {
-        expect(start >= 0 && count >= 0 && static_cast<long long>(start) + count <= used(),
+        expect(start >= 0 && count >= 0 && static_cast<long long>(start) + count <= this->length,
                {start, count});
-        removeRange(ref(), start, count);
+        removeRange(checkedRef(), start, count);
     }
 
     /// Puts a text in. A negative place is outside the contract and gives a string of length N,
@@ -489,7 +565,7 @@ public:
     void insert(int const& pos, Self const& s)
     {
         expect(pos >= 0, {pos});
-        qvStrings::insert(ref(), pos, s.ref());
+        qvStrings::insert<Unit>(checkedRef(), pos, s.checkedRef());
     }
 
     /// @}
@@ -503,8 +579,10 @@ public:
     /// @return The first `n` units.
     Self left(int n) const
     {
-        int const count = n < used() ? n : this->length;
-        return mid(0, count);
+        Self result;
+        auto const used = static_cast<int>(checkedRun().count);
+        slice<Unit>(ref(), 0, n < used ? n : used, result.ref());
+        return result;
     }
 
     /// Units from anywhere, not held against the length: past the end of the text or ahead of it
@@ -515,12 +593,11 @@ public:
     /// @return A string of that length.
     Self mid(int const& start, int const& count) const
     {
-        Self result;
-        unsigned const kept = cutCount(static_cast<unsigned>(count));
-        expect(kept == 0 || (start >= 0 && static_cast<long long>(start) + kept <= capacity() + 1),
+        expect(count == 0 || (start >= 0 &&
+                              start + static_cast<long long>(cutCount(count)) <= capacity() + 1),
                {start, count});
-        copyOut<Unit>(storage(), start, kept, result.text);
-        result.length = static_cast<unsigned short>(kept);
+        Self result;
+        slice<Unit>(ref(), start, count, result.ref());
         return result;
     }
 
@@ -532,14 +609,8 @@ public:
     /// @return The text ahead of the first separator.
     Self left(Unit const& c, bool const& withSeparator) const
     {
-        int const at = indexOf(c, 0);
-        if (at < 0)
-            return self();
-        if (at > 0)
-            return left(withSeparator ? at + 1 : at);
         Self result;
-        if (!withSeparator)
-            result += c;
+        sliceUpTo(checkedRef(), c, withSeparator, result.ref());
         return result;
     }
 
@@ -550,12 +621,8 @@ public:
     /// @return What `left` gives.
     Self leftNCut(Unit const& c, bool const& withSeparator)
     {
-        int const at = indexOf(c, 0);
-        Self result = left(c, withSeparator);
-        if (at < 0)
-            clear();
-        else
-            remove(0, at + 1);
+        Self result;
+        cutUpTo(checkedRef(), c, withSeparator, result.ref());
         return result;
     }
 
@@ -563,32 +630,40 @@ public:
 
 protected:
     /// For the constructors of `Self`, which write what they promise and keep the rest.
-    Rules() = default;
+    Members() = default;
 
-    /// This object as the core sees it, for members that set the text whatever it was.
-    TextRef<Unit> storage() { return {reinterpret_cast<unsigned char*>(this), layoutOf<Image>()}; }
-    TextRef<Unit const> storage() const
+    /// This object as the core sees it.
+    TextRef<Unit> ref() { return {reinterpret_cast<unsigned char*>(this), layoutOf<Image>()}; }
+    TextRef<Unit const> ref() const
     {
         return {reinterpret_cast<unsigned char const*>(this), layoutOf<Image>()};
     }
 
-    /// The same for members that go by the length.
-    TextRef<Unit> ref(char const* member = __builtin_FUNCTION())
-    {
-        used(member);
-        return storage();
-    }
-    TextRef<Unit const> ref(char const* member = __builtin_FUNCTION()) const
-    {
-        used(member);
-        return storage();
-    }
-
-    /// The length, where the text is reached by it.
-    unsigned short used(char const* member = __builtin_FUNCTION()) const
+    /// The same for a member that uses the length: in a checked program the length is checked.
+    TextRef<Unit> checkedRef(char const* member = __builtin_FUNCTION())
     {
         expectLength(this->length, member);
-        return this->length;
+        return ref();
+    }
+    TextRef<Unit const> checkedRef(char const* member = __builtin_FUNCTION()) const
+    {
+        expectLength(this->length, member);
+        return ref();
+    }
+
+    /// The text, checked in the same way.
+    Run<Unit> checkedRun(char const* member = __builtin_FUNCTION()) const
+    {
+        return checkedRef(member).run();
+    }
+
+    /// The text becomes the run; a null one sets the length to 0 and nothing else.
+    void take(Run<Unit> run)
+    {
+        if (run.units == nullptr)
+            this->length = 0;
+        else
+            assign(ref(), run);
     }
 
     /// Ends a checked program when these arguments break the contract of `member`, by default the
@@ -623,60 +698,12 @@ protected:
     Self& self() { return static_cast<Self&>(*this); }
     Self const& self() const { return static_cast<Self const&>(*this); }
 
-    /// The low 16 bits of a count that members take modulo 65536, so -1 counts as 65535.
-    static unsigned lowCount(int count) { return static_cast<unsigned>(count) & 0xFFFFu; }
-
-    /// `count`, at most the capacity.
-    static unsigned cutCount(unsigned count) { return count < capacity() ? count : capacity(); }
-
-    /// The equal-first check: first unit, which the caller names because an empty text has one
-    /// too, then length, then text.
-    bool equalExact(Unit first, Unit const* s, unsigned n,
-                    char const* member = __builtin_FUNCTION()) const
-    {
-        return this->text[0] == first && used(member) == n && equal<Case::exact>(this->text, s, n);
-    }
-
-    /// One unsigned 16-bit comparison holds a pattern of `n` units against the length: 0 wraps to
-    /// 65535 and fails with the patterns that are too long.
-    bool holdsPattern(unsigned n, char const* member = __builtin_FUNCTION()) const
-    {
-        return static_cast<unsigned short>(n - 1) < used(member);
-    }
-
-    template <Case mode>
-    bool begins(Unit const* s, unsigned n, char const* member = __builtin_FUNCTION()) const
-    {
-        return holdsPattern(n, member) && equal<mode, Unit>(this->text, s, n);
-    }
-
-    bool endsFolded(Unit const* s, unsigned n, char const* member = __builtin_FUNCTION()) const
-    {
-        return holdsPattern(n, member) &&
-               equal<Case::folded, Unit>(this->text + (this->length - n), s, n);
-    }
-
 private:
-    unsigned commonLength(Self const& other, char const* member = __builtin_FUNCTION()) const
+    /// Units of a slice of `count`: at most N, and N for a negative count.
+    static unsigned cutCount(int count)
     {
-        return used(member) < other.used(member) ? this->length : other.length;
-    }
-
-    /// The equal-first check of the folded receiver. Only units of the text are folded, not the
-    /// stale first one of an empty text.
-    template <Case mode>
-    bool equalToInput(Self const& other, char const* member = __builtin_FUNCTION()) const
-    {
-        Unit const first = isEmpty() ? this->text[0] : foldFirst<mode>(this->text[0]);
-        return first == other.text[0] && used(member) == other.used(member) &&
-               equal<mode>(this->text, other.text, this->length);
-    }
-
-    template <Case mode>
-    int findText(Self const& pattern, int start, char const* member = __builtin_FUNCTION()) const
-    {
-        expect(start >= 0, {start}, member);
-        return find<mode, Unit>(ref(member), pattern.text, pattern.used(member), start);
+        auto const units = static_cast<unsigned>(count);
+        return units < capacity() ? units : capacity();
     }
 };
 

@@ -1,0 +1,135 @@
+#pragma once
+
+#include "qv/strings/core/extension.h"
+#include "qv/strings/core/run.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+/// Runs of bytes and units brought from one place to another, and across the widths: plain cuts and
+/// extensions of single units, no encoding. Nothing here knows strings. Inline, because most texts
+/// are words: a call would cost more than their move.
+
+namespace qvStrings {
+
+/// Runs of at most this many bytes are moved inline. Most texts are that short.
+inline constexpr std::size_t longestInline = 32;
+
+/// The C library uses string instructions for longer runs only, on any machine.
+inline constexpr std::size_t stringInstructions = 2048;
+
+/// Moves `size` bytes at either end of a run of at least `size` and at most twice as many: both
+/// are loaded before one of them is stored, so the ranges may overlap.
+template <std::size_t size>
+void moveEnds(unsigned char* target, unsigned char const* source, std::size_t count)
+{
+    std::array<unsigned char, size> head;
+    std::array<unsigned char, size> tail;
+    std::memcpy(&head, source, size);
+    std::memcpy(&tail, source + count - size, size);
+    std::memcpy(target, &head, size);
+    std::memcpy(target + count - size, &tail, size);
+}
+
+/// Moves a run in pieces too short for string instructions, which are 20 times slower where the
+/// target lies a few bytes above the source in its page. In one piece where the target begins
+/// inside the source: a later piece would read what an earlier one has written.
+void moveLong(unsigned char* target, unsigned char const* source, std::size_t count);
+
+/// Moves units; source and target may overlap, and an empty source may be null.
+template <typename Unit>
+void moveUnits(Unit* target, Run<Unit> source)
+{
+    auto const* const from = reinterpret_cast<unsigned char const*>(source.units);
+    auto* const to = reinterpret_cast<unsigned char*>(target);
+    std::size_t const bytes = source.count * sizeof(Unit);
+    if (bytes > longestInline) [[unlikely]] {
+        if (bytes > stringInstructions)
+            moveLong(to, from, bytes);
+        else
+            std::memmove(to, from, bytes);
+    } else if (bytes >= 16)
+        moveEnds<16>(to, from, bytes);
+    else if (bytes >= 8)
+        moveEnds<8>(to, from, bytes);
+    else if (bytes >= 4)
+        moveEnds<4>(to, from, bytes);
+    else if (bytes >= 2)
+        moveEnds<2>(to, from, bytes);
+    else if (bytes == 1)
+        *to = *from;
+}
+
+/// Zeroes `size` bytes at either end of a run of at least `size` and at most twice as many.
+template <std::size_t size>
+void zeroEnds(unsigned char* target, std::size_t count)
+{
+    std::memset(target, 0, size);
+    std::memset(target + count - size, 0, size);
+}
+
+/// Zeroes a run long enough for string instructions, which are a quarter slower from an unaligned
+/// byte on.
+void zeroLong(unsigned char* target, std::size_t count);
+
+/// Zeroes `count` units.
+template <typename Unit>
+void zeroUnits(Unit* target, unsigned count)
+{
+    auto* const to = reinterpret_cast<unsigned char*>(target);
+    std::size_t const bytes = count * sizeof(Unit);
+    if (bytes > stringInstructions)
+        zeroLong(to, bytes);
+    else if (bytes > 64 || bytes < 16)
+        std::memset(to, 0, bytes);
+    else if (bytes >= 32)
+        zeroEnds<32>(to, bytes);
+    else
+        zeroEnds<16>(to, bytes);
+}
+
+/// Writes bytes as units.
+inline void widen(unsigned short* target, Run<char> source, Extension extension)
+{
+    auto const extended = [=](Extension known) {
+        std::transform(source.units, source.units + source.count, target,
+                       [known](char byte) { return unitOf<unsigned short>(byte, known); });
+    };
+    // Chosen once and not for each unit, so that the compiler vectorises both loops.
+    if (extension == Extension::zero)
+        extended(Extension::zero);
+    else
+        extended(Extension::sign);
+}
+
+/// Writes the low bytes of units.
+inline void narrow(char* target, Run<unsigned short> source)
+{
+    std::transform(source.units, source.units + source.count, target,
+                   [](unsigned short unit) { return static_cast<char>(unit); });
+}
+
+/// Writes units without their high bytes.
+inline void keepLowBytes(unsigned short* target, Run<unsigned short> source)
+{
+    std::transform(source.units, source.units + source.count, target,
+                   [](unsigned short unit) { return static_cast<unsigned short>(unit & 0xFF); });
+}
+
+/// Brings a source into a string, whatever the widths of both.
+template <typename Unit>
+void write(Unit* target, Run<Unit> source, Extension)
+{
+    moveUnits(target, source);
+}
+inline void write(unsigned short* target, Run<char> source, Extension extension)
+{
+    widen(target, source, extension);
+}
+inline void write(char* target, Run<unsigned short> source, Extension)
+{
+    narrow(target, source);
+}
+
+} // namespace qvStrings
