@@ -10,7 +10,7 @@ from build import run
 
 FOLDER = pathlib.Path(__file__).resolve().parent
 ROOT = FOLDER.parent.parent
-PRODUCT = ("sender", "segment", "strings", "support")
+PRODUCT = ("sender", "qv")
 TOOL = "qvNodeDispatch"
 
 # Unlike the release build's -O3 this keeps the branches of the source one by one, and what the
