@@ -3,6 +3,7 @@
 
 #include "qv/client/qvClientMailbox.h"
 
+#include "tests/endToEnd/clientRecord.h"
 #include "tests/layout/documentTable.h"
 
 #include <gtest/gtest.h>
@@ -43,6 +44,22 @@ TEST(QvClientMailbox, HasItsSizeAndItsRoom)
     static_assert(std::is_standard_layout_v<qvClientMailbox>);
     // The record starts at byte 8 of a page, so more than 8 can never be promised.
     static_assert(alignof(qvClientMailbox) <= 8);
+}
+
+// The other tests lay the record down by these numbers.
+TEST(QvClientMailbox, IsTheRecordOfTheOtherTests)
+{
+    static_assert(endToEnd::clientRecordSize == sizeof(qvClientMailbox));
+    static_assert(endToEnd::recordMarkerPlace == offsetof(qvClientMailbox, recordMarker));
+    static_assert(endToEnd::stateMarkerPlace == offsetof(qvClientMailbox, stateMarker));
+    static_assert(endToEnd::stateFlagPlace == offsetof(qvClientMailbox, stateFlag));
+    static_assert(endToEnd::messageCountPlace == offsetof(qvClientMailbox, messageCount));
+    static_assert(endToEnd::messageKindPlace == offsetof(qvClientMailbox, messageKind));
+    static_assert(endToEnd::messageTypePlace == offsetof(qvClientMailbox, messageType));
+    static_assert(endToEnd::messageValuePlace == offsetof(qvClientMailbox, messageValue));
+    static_assert(endToEnd::rightRecordMarker == clientRecordMarker);
+    static_assert(endToEnd::rightStateMarker == clientStateMarker);
+    static_assert(endToEnd::rightStateFlag == clientStateFlag);
 }
 
 TEST(QvClientMailbox, KeepsEveryFieldInItsPlace)

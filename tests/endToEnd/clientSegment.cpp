@@ -13,12 +13,6 @@ namespace endToEnd {
 
 namespace {
 
-// Places in the record, counted from its first byte.
-std::size_t const recordMarkerPlace = 0;
-std::size_t const stateMarkerPlace = 928;
-std::size_t const stateFlagPlace = 930;
-std::size_t const messageCountPlace = 2001;
-
 struct Order
 {
     std::uint64_t kind; // a letter; all of an order is sent, so it has no padding
@@ -168,7 +162,8 @@ Mailbox::Mailbox(std::size_t recordSize) : content(prefixSize + recordSize)
 {
     for (std::size_t i = 0; i < content.size(); ++i)
         content[i] = static_cast<unsigned char>(i * 73 + 19);
-    lockByte(0).recordMarker(517).stateMarker(3077).stateFlag(1).messageCount(0);
+    lockByte(0).messageCount(0);
+    recordMarker(rightRecordMarker).stateMarker(rightStateMarker).stateFlag(rightStateFlag);
 }
 
 // The machine's own byte order; the tail of a value that lies beyond a record too short is left
@@ -218,11 +213,11 @@ unsigned char Mailbox::messageCount() const
 
 Mailbox& Mailbox::message(unsigned char type, std::uint16_t value)
 {
-    std::size_t const number = messageCount() + 1u;
-    messageCount(static_cast<unsigned char>(number));
-    put(2001 + number, 2, 1);
-    put(2031 + number, type, 1);
-    put(2060 + 2 * number, value, 2);
+    std::size_t const entry = messageCount();
+    messageCount(static_cast<unsigned char>(entry + 1));
+    put(messageKindPlace + entry, 2, 1);
+    put(messageTypePlace + entry, type, 1);
+    put(messageValuePlace + 2 * entry, value, 2);
     return *this;
 }
 

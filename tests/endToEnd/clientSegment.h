@@ -3,6 +3,8 @@
 // itself by being made on both sides.
 #pragma once
 
+#include "tests/endToEnd/clientRecord.h"
+
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -14,10 +16,6 @@
 namespace endToEnd {
 
 using Bytes = std::vector<unsigned char>;
-
-inline constexpr key_t clientKey = 0x4EFCFF;
-inline constexpr std::size_t prefixSize = 8;
-inline constexpr std::size_t clientRecordSize = 22988;
 
 // Looked at from outside, without entering the segment.
 bool clientSegmentExists();

@@ -8,7 +8,7 @@ startFarm
 
 # startFrozen LOCK COUNT: a client on render03 that hangs, with its lock byte and its message count.
 startFrozen() {
-    startClient render03 python3 "$source/tests/farm/frozenClient.py" "$@"
+    startClient render03 python3 -B "$source/tests/farm/frozenClient.py" "$@"
 }
 
 # Ends it so that it cannot remove its segment.

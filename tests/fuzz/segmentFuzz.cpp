@@ -1,3 +1,4 @@
+#include "tests/endToEnd/clientRecord.h"
 #include "tests/fuzz/stagedTool.h"
 #include "tests/model/byteReader.h"
 #include "tests/model/commandWords.h"
@@ -21,8 +22,14 @@ namespace {
 using qvTest::ByteReader;
 using qvTest::SenderScene;
 
-constexpr std::size_t prefix = 8;
-constexpr std::size_t clientSegmentSize = prefix + 22988;
+constexpr std::size_t prefix = endToEnd::prefixSize;
+constexpr std::size_t clientSegmentSize = prefix + endToEnd::clientRecordSize;
+
+// Places in the segment.
+constexpr std::size_t recordMarker = prefix + endToEnd::recordMarkerPlace;
+constexpr std::size_t stateMarker = prefix + endToEnd::stateMarkerPlace;
+constexpr std::size_t stateFlag = prefix + endToEnd::stateFlagPlace;
+constexpr std::size_t messageCount = prefix + endToEnd::messageCountPlace;
 
 // A segment of gigabytes stands in with its beginning, in which all of the queue lies.
 constexpr std::uint64_t mostMemory = 32768;
@@ -159,18 +166,18 @@ void readSegment(ByteReader& input, SenderScene& scene)
     for (unsigned char& byte : scene.segment)
         byte = fill += 7;
 
-    put(scene, prefix, readField(input, std::uint32_t{517}));
-    put(scene, prefix + 928, readField(input, std::uint16_t{3077}));
-    put(scene, prefix + 930, readField(input, std::uint16_t{1}));
-    put(scene, prefix + 2001, readCount(input));
+    put(scene, recordMarker, readField(input, endToEnd::rightRecordMarker));
+    put(scene, stateMarker, readField(input, endToEnd::rightStateMarker));
+    put(scene, stateFlag, readField(input, endToEnd::rightStateFlag));
+    put(scene, messageCount, readCount(input));
     put(scene, 0, input.flag() ? input.byte() : static_cast<unsigned char>(0));
 }
 
 // The neighbours write mostly to the lock byte and to what the tool reads under it.
 void readIntrusions(ByteReader& input, SenderScene& scene)
 {
-    static constexpr std::size_t places[] = {
-        0, 0, 0, prefix, prefix + 928, prefix + 930, prefix + 2001};
+    static constexpr std::size_t places[] = {0,           0,         0,           recordMarker,
+                                             stateMarker, stateFlag, messageCount};
     for (std::size_t left = input.below(8); left != 0; --left) {
         std::size_t const step = input.below(36);
         std::size_t const choice = input.below(8);

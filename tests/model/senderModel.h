@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/endToEnd/clientRecord.h"
 #include "tests/endToEnd/toolText.h"
 #include "tests/model/commandWords.h"
 #include "tests/model/directoryModel.h"
@@ -46,8 +47,8 @@ private:
     };
 
     static constexpr std::size_t capacity = 250;
-    static constexpr std::size_t prefix = 8;
-    static constexpr std::int32_t recordSize = 22988;
+    static constexpr std::size_t prefix = endToEnd::prefixSize;
+    static constexpr std::int32_t recordSize = endToEnd::clientRecordSize;
 
     // The word and the number.
 

@@ -8,21 +8,24 @@ the same, and the lock is given back first.
 """
 
 import os
+import pathlib
 import pty
 import shutil
 import signal
 import subprocess
 import sys
 
-import clientRecord
 import toolRun
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "endToEnd"))
+import clientSegment
 
 COMMAND = [sys.argv[1], *toolRun.COMMAND]
 
 SCENES = {  # name -> the record laid down, whether the run stores
-    "stores": (clientRecord.laid_down(), True),
-    "queue full": (clientRecord.laid_down(count=30), False),
-    "wrong marker": (clientRecord.laid_down(marker=516), False),
+    "stores": (clientSegment.laid_down(count=4), True),
+    "queue full": (clientSegment.laid_down(count=30), False),
+    "wrong marker": (clientSegment.laid_down(marker=516, count=4), False),
 }
 
 
@@ -89,19 +92,19 @@ OUTPUTS = [
 
 
 def main():
-    clientRecord.become_root_of_a_namespace()
-    clientRecord.enter_own_namespace()
+    clientSegment.become_root_of_a_namespace()
+    clientSegment.enter_own_namespace()
     if not shutil.which("strace"):
         sys.exit("brokenOutput.py: strace is missing")
     runs = mistakes = 0
     for number, (run_on_output, expected_status, arrives) in enumerate(OUTPUTS):
         for scene, (content, stores) in SCENES.items():
-            with clientRecord.Segment(content) as segment:
+            with clientSegment.Segment(content) as segment:
                 ended = run_on_output()
                 left = segment.found()
             expected = content
             if stores and arrives:
-                expected = clientRecord.with_entry(content, *toolRun.ENTRY)
+                expected = clientSegment.with_entry(content, *toolRun.ENTRY)
             runs += 1
             if ended != (expected_status, b"") or left != expected:
                 mistakes += 1

@@ -17,8 +17,10 @@ import sys
 import tempfile
 from typing import NamedTuple
 
-import clientRecord
 import toolRun
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "endToEnd"))
+import clientSegment
 
 TOOL = sys.argv[1]
 TABLES = pathlib.Path(__file__).parents[1] / "segment/manualPageErrors.h"
@@ -34,12 +36,12 @@ class Scene(NamedTuple):
 
 
 SCENES = [
-    Scene("stores", clientRecord.laid_down(), stores=True),
-    Scene("queue full", clientRecord.laid_down(count=30)),
-    Scene("wrong marker", clientRecord.laid_down(marker=516)),
-    Scene("last one out", clientRecord.laid_down(), stores=True, attached=False),
-    Scene("terminal", clientRecord.laid_down(), stores=True, run=toolRun.run_on_terminal),
-    Scene("lock taken", clientRecord.laid_down(lock=1), calls=("clock_nanosleep",)),
+    Scene("stores", clientSegment.laid_down(count=4), stores=True),
+    Scene("queue full", clientSegment.laid_down(count=30)),
+    Scene("wrong marker", clientSegment.laid_down(marker=516, count=4)),
+    Scene("last one out", clientSegment.laid_down(count=4), stores=True, attached=False),
+    Scene("terminal", clientSegment.laid_down(count=4), stores=True, run=toolRun.run_on_terminal),
+    Scene("lock taken", clientSegment.laid_down(lock=1, count=4), calls=("clock_nanosleep",)),
 ]
 
 # Faults that end the run in words of their own; all others go without a word.
@@ -100,18 +102,25 @@ def expected_segment(scene, call, occurrence):
     if not scene.attached and (call, occurrence) not in KEEP_THE_SEGMENT:
         return None
     if scene.stores and (call, occurrence) not in TOLD:
-        return clientRecord.with_entry(scene.content, *toolRun.ENTRY)
+        return clientSegment.with_entry(scene.content, *toolRun.ENTRY)
     return scene.content
+
+
+def laid(scene):
+    segment = clientSegment.Segment(scene.content)
+    if not scene.attached:
+        segment.leave()
+    return segment
 
 
 def try_error(scene, call, error):
     """The fault at the first, second ... call, until there is none. Number of faults, mistakes."""
-    with clientRecord.Segment(scene.content, scene.attached):
+    with laid(scene):
         undisturbed = scene.run([TOOL, *toolRun.COMMAND]).text
     mistakes = []
     occurrence = 1
     while True:
-        with clientRecord.Segment(scene.content, scene.attached) as segment:
+        with laid(scene) as segment:
             outcome, struck = run_with_fault(scene, call, error, occurrence)
             if not struck:
                 return occurrence - 1, mistakes
@@ -126,14 +135,14 @@ def try_error(scene, call, error):
 
 
 def main():
-    clientRecord.become_root_of_a_namespace()
+    clientSegment.become_root_of_a_namespace()
     if not shutil.which("strace"):
         sys.exit("injectedFaults.py: strace is missing")
     errors = manual_page_errors()
     # The runs that wait for the lock take 2.5 seconds each, so they come first, and many go at
     # once, each worker with a client's key of its own.
     with concurrent.futures.ProcessPoolExecutor(
-            max_workers=8, initializer=clientRecord.enter_own_namespace) as workers:
+            max_workers=8, initializer=clientSegment.enter_own_namespace) as workers:
         tried = [(scene, call, error, workers.submit(try_error, scene, call, error))
                  for scene in reversed(SCENES) for call in scene.calls for error in errors[call]]
     faults, mistakes = 0, []

@@ -29,7 +29,7 @@ print(told["outcome"], told["status"])' 2>&1)
     expect "object of $1" "$1 $2" "$fields"
 }
 segment() {
-    python3 "$here/clientSegment.py" "$1"
+    python3 -B "$here/leaveSegment.py" "$1"
 }
 
 sent usage 1

@@ -5,6 +5,7 @@ Usage: mailboxViewTest.py mailboxView standInClient qvNodeDispatch mailboxView.1
 
 import json
 import os
+import pathlib
 import pty
 import re
 import select
@@ -16,6 +17,7 @@ import threading
 import time
 import unittest
 
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "endToEnd"))
 from clientSegment import MESSAGE_COUNT, RECORD_MARKER, STATE_FLAG, STATE_MARKER, Segment, attached
 
 PATIENCE = 30  # seconds for what takes a moment on a machine that is not busy
