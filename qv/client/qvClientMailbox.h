@@ -53,12 +53,13 @@ inline constexpr int clientStateFlag = 1;
 /// The three fields by which a record is recognised as a client's, as they were read.
 struct qvClientFormat
 {
-    std::uint32_t recordMarker;
-    std::uint16_t stateMarker;
-    std::uint16_t stateFlag;
+    std::uint32_t recordMarker; ///< As found; right is `clientRecordMarker`.
+    std::uint16_t stateMarker;  ///< As found; right is `clientStateMarker`.
+    std::uint16_t stateFlag;    ///< As found; right is anything but 0.
 
     /// Reads each field once, in the order of the record.
     /// @param record In shared memory: another process may change it meanwhile.
+    /// @return The fields, unjudged.
     static qvClientFormat of(qvClientMailbox const volatile& record)
     {
         std::uint32_t const recordMarker = record.recordMarker;
