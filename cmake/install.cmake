@@ -55,5 +55,7 @@ install(DIRECTORY contrib DESTINATION ${toolDocs} COMPONENT tool
         WORLD_READ WORLD_EXECUTE)
 file(GLOB drawings CONFIGURE_DEPENDS docs/image*.svg)
 install(FILES docs/memory-images.md ${drawings} DESTINATION ${devDocs}/docs COMPONENT dev)
-install(FILES README.md packaging/copyright DESTINATION ${toolDocs} COMPONENT tool)
-install(FILES README.md packaging/copyright DESTINATION ${devDocs} COMPONENT dev)
+install(FILES README.md DESTINATION ${toolDocs} COMPONENT tool)
+install(FILES README.md DESTINATION ${devDocs} COMPONENT dev)
+install(FILES LICENSE RENAME copyright DESTINATION ${toolDocs} COMPONENT tool) # Debian's name for it
+install(FILES LICENSE RENAME copyright DESTINATION ${devDocs} COMPONENT dev)

@@ -140,8 +140,8 @@ def draw(arrows):
     library = max(floor for room, floor in level.items() if room.startswith(LIBRARY))
     frame = top(library) - MARGIN / 2
     parts.append(
-        f'<rect x="12" y="{frame:g}" width="{width - 24:g}" height="{height - frame - 12:g}" rx="8" '
-        f'class="library"/><text x="24" y="{height - 24:g}" class="words">'
+        f'<rect x="12" y="{frame:g}" width="{width - 24:g}" height="{height - frame - 12:g}" '
+        f'rx="8" class="library"/><text x="24" y="{height - 24:g}" class="words">'
         f'{LIBRARY}, the library: libqv and its headers</text>')
     for above, below in links:
         x, y = down[above][below], top(above[0]) + BOX_HEIGHT
