@@ -119,6 +119,31 @@ std::vector<Address> instructionsOfARun()
     return instructions;
 }
 
+// Takes fresh runs to ahead of their first, second, third ... instruction.
+class Approach
+{
+public:
+    explicit Approach(std::vector<Address> const& oneRun) : run(oneRun) {}
+
+    // Stepping all the way would take the square of the time, so a run goes in one go to the last
+    // instruction that it hasn't met before.
+    void take(SteppedTool& tool, std::size_t point)
+    {
+        if (seen.insert(run[point]).second)
+            landmark = point;
+        if (landmark > 0)
+            tool.runTo(run[landmark]);
+        for (std::size_t i = landmark; i < point; ++i)
+            tool.step();
+        ASSERT_EQ(tool.next(), run[point]) << "run " << point << " took another road";
+    }
+
+private:
+    std::vector<Address> const& run;
+    std::set<Address> seen;
+    std::size_t landmark = 0;
+};
+
 // A state that the segment may be left in, and the figure that counts it.
 struct State
 {
@@ -145,21 +170,12 @@ void killAtEveryInstruction(Road const& road)
     std::vector<Address> const run = instructionsOfARun();
     segment.layAgain();
 
-    std::set<Address> seen;
-    std::size_t landmark = 0;
+    Approach approach(run);
     std::size_t reached = 0;
     for (std::size_t point = 0; point < run.size(); ++point) {
-        // Stepping all the way would take the square of the time, so a run goes in one go to the
-        // last instruction that it hasn't met before.
-        if (seen.insert(run[point]).second)
-            landmark = point;
         {
             SteppedTool tool;
-            if (landmark > 0)
-                tool.runTo(run[landmark]);
-            for (std::size_t i = landmark; i < point; ++i)
-                tool.step();
-            ASSERT_EQ(tool.next(), run[point]) << "run " << point << " took another road";
+            ASSERT_NO_FATAL_FAILURE(approach.take(tool, point));
         }
         ASSERT_TRUE(segment.isOursAlone()) << "ahead of instruction " << point;
         Bytes const left = segment.bytes();
@@ -204,6 +220,40 @@ TEST(DeathAtEveryInstruction, WhileItFindsAWrongMarker)
     road = then(road, "lockTaken", 0, {1});
     road = then(road, "untouched", 0, {0});
     killAtEveryInstruction(road);
+}
+
+// A neighbour that breaks the lock writes another count, ahead of any instruction. The count is
+// read once, so the entry is whole in one slot all the same.
+TEST(DeathAtEveryInstruction, ANeighboursCountTearsNoEntry)
+{
+    std::size_t const count = prefixSize + 2001;
+    Bytes const before = Mailbox().messageCount(4).bytes();
+    Bytes const aheadOfReading = Mailbox().messageCount(20).message(5, 4660).bytes();
+    Bytes const aheadOfRaising = Mailbox().messageCount(4).message(5, 4660).bytes();
+    Bytes behindRaising = aheadOfRaising;
+    behindRaising.at(count) = 20;
+
+    LaidSegment segment(before);
+    std::vector<Address> const run = instructionsOfARun();
+    segment.layAgain();
+    Approach approach(run);
+    std::set<Bytes> met;
+    for (std::size_t point = 0; point + 1 < run.size(); ++point) {
+        {
+            SteppedTool tool;
+            ASSERT_NO_FATAL_FAILURE(approach.take(tool, point));
+            segment.store(count, 20);
+            tool.runTo(run.back());
+        }
+        Bytes const left = segment.bytes();
+        ASSERT_TRUE(left == aheadOfReading || left == behindRaising ||
+                    sameBytes(aheadOfRaising, left))
+            << "ahead of instruction " << point;
+        met.insert(left);
+        ++figure("countsWritten");
+        segment.layAgain();
+    }
+    EXPECT_EQ(met.size(), 3u);
 }
 
 } // namespace

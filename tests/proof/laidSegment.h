@@ -17,6 +17,9 @@ public:
     // The content that it was made with, again.
     void layAgain();
 
+    // One byte, as a neighbour writes it.
+    void store(std::size_t place, unsigned char value) { base[place] = value; }
+
     endToEnd::Bytes bytes() const { return {base, base + content.size()}; }
     bool isLockTaken() const { return *static_cast<unsigned char const volatile*>(base) != 0; }
 
