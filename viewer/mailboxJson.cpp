@@ -29,7 +29,7 @@ void printSegment(MailboxLook const& look)
 {
     shmid_ds const& status = look.status;
     std::printf(
-        ",\"segment\":{\"id\":%d,\"recordSize\":%lld,\"leastRecordSize\":%d,\"uid\":%u,\"gid\":%u,"
+        ",\"segment\":{\"id\":%d,\"recordSize\":%d,\"leastRecordSize\":%d,\"uid\":%u,\"gid\":%u,"
         "\"mode\":\"%04o\",\"attached\":%llu,\"creatorPid\":%d,\"lastPid\":%d,"
         "\"attachTime\":%lld,\"leaveTime\":%lld,\"changeTime\":%lld}",
         look.id, look.recordSize(), clientRecordSize, status.shm_perm.uid, status.shm_perm.gid,
@@ -62,7 +62,7 @@ void printRecord(MailboxLook const& look)
 {
     std::printf(",\"record\":{\"lock\":{\"byte\":%d,\"byViewer\":%s,\"secondsTaken\":%.3f}",
                 look.lockByte, look.lockedByUs ? "true" : "false",
-                look.isLockTaken() ? look.secondsTaken() : 0.0);
+                look.isLockTaken() ? static_cast<double>(look.timeTaken().count()) / 1000 : 0.0);
     printMarker("recordMarker", look.format.recordMarker, clientRecordMarker);
     printMarker("stateMarker", look.format.stateMarker, clientStateMarker);
     printMarker("stateFlag", look.format.stateFlag, clientStateFlag);

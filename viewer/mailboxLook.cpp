@@ -11,10 +11,32 @@
 
 namespace {
 
+using qvSegment::segmentAttachRights;
 using qvSegment::segmentKey;
+using qvSegment::segmentMissingError;
 using qvSegment::segmentPrefixSize;
 
 constexpr int readRights = 0444;
+
+LookError errorOf(int systemError)
+{
+    switch (systemError) {
+    case ENOENT:
+    case EIDRM: // gone since its key was looked up, and so the next
+    case EINVAL:
+        return LookError::missing;
+    case EACCES:
+        return LookError::noRight;
+    default:
+        return LookError::refused;
+    }
+}
+
+/// The class has codes of its own, which are also values of `errno`.
+LookError errorOf(qvSharedMemory const& segment)
+{
+    return segment.error() == segmentMissingError ? LookError::missing : errorOf(segment.error());
+}
 
 /// The segment mapped for reading, left without the question of who is the last one out.
 class ReadOnlyMapping
@@ -47,10 +69,34 @@ private:
 
 void refuse(MailboxLook& look, char const* step)
 {
-    look.error = errno;
+    int const systemError = errno;
+    look.error = errorOf(systemError);
     look.errorText = step;
     look.errorText += ": ";
-    look.errorText += qvLastOSError8(look.error);
+    look.errorText += qvLastOSError8(systemError);
+}
+
+/// Asks for a sender's rights first: without them a look may still be possible.
+bool findSegment(MailboxLook& look)
+{
+    look.id = shmget(clientSegmentKey(), 0, segmentAttachRights);
+    look.maySend = look.id != -1;
+    if (look.id == -1 && errno == EACCES)
+        look.id = shmget(clientSegmentKey(), 0, readRights);
+    if (look.id == -1)
+        refuse(look, "shmget");
+    else if (shmctl(look.id, IPC_STAT, &look.status) == -1)
+        refuse(look, "shmctl");
+    else
+        look.found = true;
+    return look.found;
+}
+
+void lookAtProcesses(MailboxLook& look)
+{
+    shmid_ds const& status = look.status;
+    look.client = lookAtProcess(status.shm_cpid, status.shm_ctime);
+    look.last = lookAtProcess(status.shm_lpid, std::max(status.shm_atime, status.shm_dtime));
 }
 
 void readRecord(MailboxLook& look, qvClientMailbox const volatile& record)
@@ -77,7 +123,7 @@ void readUnderLock(MailboxLook& look, ReadOnlyMapping const& mapping)
 {
     qvSharedMemory segment(clientSegmentName);
     if (!segment.attach()) {
-        look.error = segment.error();
+        look.error = errorOf(segment);
         look.errorText = segment.errorString();
         return;
     }
@@ -100,14 +146,14 @@ _qvString8_allSize<250> MailboxEntry::name() const
     return qvC::qvClientCommandName(static_cast<unsigned char>(value));
 }
 
-double MailboxLook::secondsTaken() const
+std::chrono::milliseconds MailboxLook::timeTaken() const
 {
-    return std::chrono::duration<double>(time - takenFrom).count();
+    return std::chrono::duration_cast<std::chrono::milliseconds>(time - takenFrom);
 }
 
-long long MailboxLook::recordSize() const
+int MailboxLook::recordSize() const
 {
-    return static_cast<long long>(status.shm_segsz) - segmentPrefixSize;
+    return qvSegment::segmentRecordSize(qvSegment::segmentTotalSize(status.shm_segsz));
 }
 
 int MailboxLook::entryCount() const
@@ -125,16 +171,9 @@ int clientSegmentKey()
 MailboxLook lookAtMailbox(bool underLock)
 {
     MailboxLook look;
-    look.id = shmget(clientSegmentKey(), 0, readRights);
-    if (look.id == -1) {
-        refuse(look, "shmget");
+    if (!findSegment(look))
         return look;
-    }
-    if (shmctl(look.id, IPC_STAT, &look.status) == -1) {
-        refuse(look, "shmctl");
-        return look;
-    }
-    look.found = true;
+    lookAtProcesses(look);
     if (look.recordSize() < clientRecordSize)
         return look;
 

@@ -2,6 +2,7 @@
 
 #include "qv/client/qvClientMailbox.h"
 #include "qv/strings/qvString8.h"
+#include "viewer/processLook.h"
 
 #include <chrono>
 #include <sys/shm.h>
@@ -16,17 +17,29 @@ struct MailboxEntry
     _qvString8_allSize<250> name() const;
 };
 
+/// Why a look ended early.
+enum class LookError
+{
+    none,
+    missing, ///< There is no segment, or none any more.
+    noRight, ///< The system keeps this user out.
+    refused, ///< For another reason.
+};
+
 /// What one look at the client's segment found, in a copy of our own: nothing of it is read twice.
 struct MailboxLook
 {
     using Clock = std::chrono::steady_clock;
 
-    int error = 0;                     ///< Why the look ended early: an `errno`; 0 it did not.
-    _qvString8_allSize<250> errorText; ///< The same in words.
+    LookError error = LookError::none;
+    _qvString8_allSize<250> errorText; ///< In the system's words.
 
-    bool found = false; ///< `id` and `status` hold something.
+    bool found = false; ///< What follows holds something.
     int id = -1;
-    shmid_ds status{}; ///< As it was before this look's own attaching.
+    bool maySend = false; ///< This user has the rights that a sender asks for.
+    shmid_ds status{};    ///< As it was before this look's own attaching.
+    ProcessLook client;   ///< The process that made the segment.
+    ProcessLook last;     ///< The process that attached or left last.
 
     bool read = false;       ///< What follows holds something.
     bool lockedByUs = false; ///< The record was read under the lock.
@@ -38,10 +51,12 @@ struct MailboxLook
     MailboxEntry entries[maxClientMessages]{};
 
     bool isLockTaken() const { return read && !lockedByUs && lockByte != 0; }
-    double secondsTaken() const;
+    /// How long the lock was seen taken, rounded down: never more than was seen.
+    std::chrono::milliseconds timeTaken() const;
 
-    /// The size that the segment offers to the record; below 0 for less than its prefix.
-    long long recordSize() const;
+    /// The size that the segment offers to the record, as a sender counts it: below 0 for less than
+    /// the prefix, and wrapped for 2 GiB and more.
+    int recordSize() const;
 
     /// Entries that may be shown: none of a record that is not a client's, never above 30.
     int entryCount() const;

@@ -19,7 +19,7 @@ void printSegment(MailboxLook const& look)
 {
     shmid_ds const& status = look.status;
     std::printf("id         %d\n", look.id);
-    std::printf("record     %lld bytes of at least %d\n", look.recordSize(), clientRecordSize);
+    std::printf("record     %d bytes of at least %d\n", look.recordSize(), clientRecordSize);
     std::printf("owner      uid %u, gid %u, mode %04o\n", status.shm_perm.uid, status.shm_perm.gid,
                 status.shm_perm.mode & 0777u);
     std::printf("processes  %llu attached, created by %d, last attached or left by %d%s\n",
@@ -34,10 +34,11 @@ void printLock(MailboxLook const& look)
 {
     if (look.lockedByUs)
         std::puts("lock       held by this viewer while it looked");
-    else if (look.isLockTaken())
-        std::printf("lock       taken (byte %d), for at least %.1f s\n", look.lockByte,
-                    look.secondsTaken());
-    else
+    else if (look.isLockTaken()) {
+        auto const tenths = static_cast<int>(look.timeTaken().count() / 100);
+        std::printf("lock       taken (byte %d), for at least %d.%d s\n", look.lockByte,
+                    tenths / 10, tenths % 10);
+    } else
         std::puts("lock       free");
 }
 
@@ -71,7 +72,7 @@ void printMailboxText(MailboxLook const& look, MailboxVerdict const& verdict)
     if (look.read)
         printRecord(look);
     std::printf("verdict    %s\n", verdict.what);
-    if (look.error != 0)
+    if (look.error != LookError::none)
         std::printf("           %s\n", look.errorText.asChar());
     if (*verdict.advice != '\0')
         std::printf("to do      %s\n", verdict.advice);

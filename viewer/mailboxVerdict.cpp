@@ -1,12 +1,11 @@
 #include "viewer/mailboxVerdict.h"
 
 #include <algorithm>
-#include <cerrno>
 
 namespace {
 
 /// As long as a sender waits for the lock before it gives up.
-constexpr double staleLockSeconds = 2.5;
+constexpr std::chrono::milliseconds staleLockTime{2500};
 
 constexpr MailboxVerdict verdicts[] = {
     {MailboxProblem::none, "none", "A client is attached, and its queue has room.", ""},
@@ -39,16 +38,23 @@ constexpr MailboxVerdict verdicts[] = {
     {MailboxProblem::queueFull, "queueFull",
      "The queue is full and further commands are lost: the client does not drain it.",
      "See to the client."},
+    {MailboxProblem::clientDead, "clientDead",
+     "The client is dead: what is still attached keeps its segment, and nobody takes commands.",
+     "End what is attached, then start the client; a command sent before that is lost."},
+    {MailboxProblem::clientStopped, "clientStopped",
+     "The client is stopped: what waits is not taken until it is continued.",
+     "Continue the client, by SIGCONT or in the debugger that holds it."},
+    {MailboxProblem::mayNotSend, "mayNotSend",
+     "This user may look at the segment but not send: it lacks the right to write.",
+     "Send as the client's user; the owner is shown."},
 };
 
-MailboxProblem problemOfAccess(int error)
+MailboxProblem problemOfAccess(LookError error)
 {
     switch (error) {
-    case ENOENT:
-    case EIDRM: // gone since its key was looked up, and so the next
-    case EINVAL:
+    case LookError::missing:
         return MailboxProblem::missing;
-    case EACCES:
+    case LookError::noRight:
         return MailboxProblem::noRight;
     default:
         return MailboxProblem::refused;
@@ -63,17 +69,30 @@ bool isStarting(MailboxLook const& look)
            (look.format.stateMarker == clientStateMarker || look.format.stateMarker == 0);
 }
 
-MailboxProblem problemOf(MailboxLook const& look)
+/// Neither a client's record nor one that is being filled in.
+bool isForeign(MailboxLook const& look)
 {
-    if (look.error != 0)
-        return problemOfAccess(look.error);
-    if (look.status.shm_nattch == 0)
-        return MailboxProblem::abandoned;
-    if (!look.read)
-        return MailboxProblem::tooSmall;
+    return !look.format.isRight() && !isStarting(look);
+}
+
+/// A dead client and a stopped one explain what their mailbox looks like, while a record that is no
+/// client's was made by a process that is none.
+MailboxProblem problemOfClient(MailboxLook const& look)
+{
+    if (isForeign(look))
+        return MailboxProblem::none;
+    if (look.client.state == ProcessState::dead)
+        return MailboxProblem::clientDead;
+    if (look.client.state == ProcessState::stopped && look.messageCount != 0)
+        return MailboxProblem::clientStopped;
+    return MailboxProblem::none;
+}
+
+MailboxProblem problemOfRecord(MailboxLook const& look)
+{
     if (look.isLockTaken())
-        return look.secondsTaken() < staleLockSeconds ? MailboxProblem::lockHeld
-                                                      : MailboxProblem::staleLock;
+        return look.timeTaken() < staleLockTime ? MailboxProblem::lockHeld
+                                                : MailboxProblem::staleLock;
     if (!look.format.isRight())
         return isStarting(look) ? MailboxProblem::starting : MailboxProblem::wrongFormat;
     if (look.messageCount > maxClientMessages)
@@ -81,6 +100,20 @@ MailboxProblem problemOf(MailboxLook const& look)
     if (look.messageCount == maxClientMessages)
         return MailboxProblem::queueFull;
     return MailboxProblem::none;
+}
+
+MailboxProblem problemOf(MailboxLook const& look)
+{
+    if (look.error != LookError::none)
+        return problemOfAccess(look.error);
+    if (look.status.shm_nattch == 0)
+        return MailboxProblem::abandoned;
+    if (!look.read)
+        return MailboxProblem::tooSmall;
+    if (!look.maySend)
+        return MailboxProblem::mayNotSend;
+    MailboxProblem const ofClient = problemOfClient(look);
+    return ofClient != MailboxProblem::none ? ofClient : problemOfRecord(look);
 }
 
 } // namespace

@@ -20,6 +20,9 @@ enum class MailboxProblem
     wrongFormat = 10,
     countTooHigh = 11,
     queueFull = 12,
+    clientDead = 13,
+    clientStopped = 14,
+    mayNotSend = 15,
 };
 
 struct MailboxVerdict

@@ -15,10 +15,9 @@ using qvSegment::segmentPrefixSize;
 constexpr int stateError = -1;
 constexpr int sizeError = 2;
 constexpr int existsError = 4;
-constexpr int missingError = 5;
+constexpr int missingError = qvSegment::segmentMissingError;
 
 constexpr int createFlags = IPC_CREAT | IPC_EXCL | 0666;
-constexpr int attachRights = 0660;
 constexpr int queryRights = 0444;
 
 constexpr int lockTries = 25;
@@ -86,7 +85,7 @@ bool qvSharedMemory::attach()
     clearError();
     clearAll();
     key = segmentKey(name);
-    int const id = shmget(key, 0, attachRights);
+    int const id = shmget(key, 0, qvSegment::segmentAttachRights);
     if (id == -1) {
         if (errno == ENOENT)
             fail(missingError, "Shared Memory does not exist.");
@@ -106,7 +105,7 @@ bool qvSharedMemory::attach()
         setError("size query failed (shmctl)");
         return false; // the mapping stays, intended: detach() or the destructor ends it
     }
-    totalSize = static_cast<int>(status.shm_segsz);
+    totalSize = qvSegment::segmentTotalSize(status.shm_segsz);
     return true;
 }
 
@@ -138,8 +137,7 @@ void qvSharedMemory::clearAll()
 
 int qvSharedMemory::size() const
 {
-    // Formed unsigned, because the smallest sizes a broken system may tell would overflow.
-    return static_cast<int>(static_cast<unsigned>(totalSize) - segmentPrefixSize);
+    return qvSegment::segmentRecordSize(totalSize);
 }
 
 void* qvSharedMemory::data()

@@ -28,7 +28,8 @@ MESSAGE_TYPE = _NUMBERS["messageTypePlace"]
 MESSAGE_VALUE = _NUMBERS["messageValuePlace"]
 
 _CLONE_NEWIPC = 0x08000000
-_IPC_CREAT, _IPC_EXCL, _IPC_RMID = 0o1000, 0o2000, 0
+_IPC_CREAT, _IPC_EXCL, _SHM_NORESERVE = 0o1000, 0o2000, 0o10000
+_IPC_RMID, _IPC_SET, _IPC_STAT = 0, 1, 2
 _libc = ctypes.CDLL(None, use_errno=True)
 _libc.shmat.restype = ctypes.c_void_p
 _libc.shmat.argtypes = [ctypes.c_int, ctypes.c_void_p, ctypes.c_int]
@@ -64,6 +65,12 @@ def attached():
             if int(row["key"]) == KEY:
                 return int(row["nattch"])
     return None
+
+
+def remove_leftover():
+    """Removes what a killed client has left."""
+    if attached() is not None:
+        _checked(_libc.shmctl(_checked(_libc.shmget(KEY, 0, 0)), _IPC_RMID, None))
 
 
 def put(content, place, value, size):
@@ -106,11 +113,13 @@ class Segment:
     """
 
     def __init__(self, content=None, mode=0o666, record_size=RECORD_SIZE):
-        content = content or laid_down(record_size=record_size)
-        self.size = len(content)
-        self.id = _checked(_libc.shmget(KEY, self.size, _IPC_CREAT | _IPC_EXCL | mode))
+        # Of a huge one only the start is laid down; the system gives it no memory ahead of use.
+        content = content or laid_down(record_size=min(record_size, 4 * RECORD_SIZE))
+        self.size = max(len(content), PREFIX + record_size)
+        self.id = _checked(_libc.shmget(KEY, self.size,
+                                        _IPC_CREAT | _IPC_EXCL | _SHM_NORESERVE | mode))
         self._attach()
-        self.bytes[:] = content
+        self.bytes[:len(content)] = content
 
     def _attach(self):
         self._address = _checked(_libc.shmat(self.id, None, 0))
@@ -150,6 +159,14 @@ class Segment:
         self.leave()
         return image
 
+    def set_mode(self, mode):
+        """Gives the segment other rights."""
+        status = ctypes.create_string_buffer(256)
+        _checked(_libc.shmctl(self.id, _IPC_STAT, status))
+        place = 20  # of the mode in the system's structure
+        status[place:place + 4] = mode.to_bytes(4, "little")
+        _checked(_libc.shmctl(self.id, _IPC_SET, status))
+
     def leave(self):
         """Lets go of the segment, which stays."""
         self.bytes = None
@@ -159,3 +176,19 @@ class Segment:
         _checked(_libc.shmctl(self.id, _IPC_RMID, None))
         if self.bytes is not None:
             self.leave()
+
+
+class Guest:
+    """Somebody who is attached to the segment of another process."""
+
+    def __init__(self):
+        self.id = _checked(_libc.shmget(KEY, 0, 0))
+        self._address = _checked(_libc.shmat(self.id, None, 0))
+        self.bytes = (ctypes.c_ubyte * PREFIX).from_address(self._address)
+
+    def lock_byte(self, value):
+        self.bytes[0] = value
+
+    def leave(self):
+        self.bytes = None
+        _checked(_libc.shmdt(self._address))

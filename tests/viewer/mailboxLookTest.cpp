@@ -1,8 +1,7 @@
 // What a look does while it holds the lock. The test steps in where the lock is given back.
-#include "viewer/mailboxLook.h"
-
 #include "qv/segment/qvSharedMemory.h"
 #include "tests/endToEnd/clientSegment.h"
+#include "viewer/mailboxVerdict.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +10,11 @@
 
 namespace {
 
-std::function<void()> beforeUnlock;
+void nothing() {}
+
+std::function<void()> beforeAttach = nothing;
+std::function<void()> beforeUnlock = nothing;
+std::function<void()> afterUnlock = nothing;
 
 endToEnd::ClientHolder* client = nullptr;
 int lockByteAtSignal = -1;
@@ -22,7 +25,7 @@ protected:
     void SetUp() override { client = &holder; }
     void TearDown() override
     {
-        beforeUnlock = nullptr;
+        beforeAttach = beforeUnlock = afterUnlock = nothing;
         client = nullptr;
     }
 
@@ -38,7 +41,17 @@ bool __real__ZN14qvSharedMemory6unlockEv(qvSharedMemory* segment);
 bool __wrap__ZN14qvSharedMemory6unlockEv(qvSharedMemory* segment)
 {
     beforeUnlock();
-    return __real__ZN14qvSharedMemory6unlockEv(segment);
+    bool const result = __real__ZN14qvSharedMemory6unlockEv(segment);
+    afterUnlock();
+    return result;
+}
+
+bool __real__ZN14qvSharedMemory6attachEv(qvSharedMemory* segment);
+
+bool __wrap__ZN14qvSharedMemory6attachEv(qvSharedMemory* segment)
+{
+    beforeAttach();
+    return __real__ZN14qvSharedMemory6attachEv(segment);
 }
 }
 
@@ -51,6 +64,25 @@ TEST_F(MailboxLookTest, holdsTheLockWhileReading)
     EXPECT_EQ(client->lockByte(), 0);
     EXPECT_TRUE(look.lockedByUs);
     EXPECT_EQ(look.entryCount(), 1);
+}
+
+TEST_F(MailboxLookTest, readsNothingOnceTheLockIsFree)
+{
+    afterUnlock = [] { client->fill(endToEnd::Mailbox().recordMarker(1).messageCount(9)); };
+    MailboxLook const look = lookAtMailbox(true);
+    EXPECT_TRUE(look.format.isRight());
+    EXPECT_EQ(look.messageCount, 1);
+    EXPECT_EQ(look.entryCount(), 1);
+}
+
+// The class's own codes are values of errno too: 5 is EIO there.
+TEST_F(MailboxLookTest, segmentGoneBeforeTheLockIsMissing)
+{
+    beforeAttach = [] { client->removeKey(); };
+    MailboxLook const look = lookAtMailbox(true);
+    EXPECT_EQ(look.error, LookError::missing);
+    EXPECT_STREQ(look.errorText.asChar(), "Shared Memory does not exist.");
+    EXPECT_EQ(judgeMailbox(look).status(), 2);
 }
 
 TEST_F(MailboxLookTest, signalsWaitUntilTheLockIsFree)

@@ -1,73 +1,19 @@
-"""mailboxView from outside: every state of a mailbox, both forms of output, --watch and --lock.
-
-Usage: mailboxViewTest.py mailboxView standInClient qvNodeDispatch mailboxView.1
-"""
+"""mailboxView from outside: every state of a mailbox, both forms of output, --watch and --lock."""
 
 import json
 import os
-import pathlib
 import pty
 import re
 import select
 import signal
 import subprocess
-import sys
 import termios
 import threading
 import time
-import unittest
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "endToEnd"))
+from mailboxCase import (HEALTHY, MANUAL, PATIENCE, TOOL, WITHOUT_PRIVILEGE, MailboxTest, main,
+                         view)
 from clientSegment import MESSAGE_COUNT, RECORD_MARKER, STATE_FLAG, STATE_MARKER, Segment, attached
-
-PATIENCE = 30  # seconds for what takes a moment on a machine that is not busy
-
-# Root may enter every segment. Without this right the mode counts for root as well.
-WITHOUT_PRIVILEGE = ["setpriv", "--bounding-set=-ipc_owner"]
-
-HEALTHY = "A client is attached, and its queue has room."
-
-
-def view(*arguments, before=()):
-    return subprocess.run([*before, VIEW, *arguments], capture_output=True, text=True,
-                          timeout=PATIENCE, check=False)
-
-
-def start(*arguments, **streams):
-    return subprocess.Popen([VIEW, *arguments], text=True, **streams)
-
-
-class MailboxTest(unittest.TestCase):
-    maxDiff = None
-
-    def setUp(self):
-        self.assertIsNone(attached(), "a segment is left from another test")
-
-    def segment(self, **how):
-        segment = Segment(**how)
-        self.addCleanup(segment.remove)
-        return segment
-
-    def running(self, *arguments, **streams):
-        process = start(*arguments, **streams)
-        self.addCleanup(process.wait)
-        self.addCleanup(process.kill)
-        if process.stdout is not None:
-            self.addCleanup(process.stdout.close)
-        return process
-
-    def expect(self, status, problem, what, *options, before=()):
-        """The verdict, the same in text, JSON and exit status. Gives the JSON."""
-        text = view(*options, before=before)
-        self.assertEqual((text.returncode, text.stderr), (status, ""), text.stdout)
-        self.assertIn(f"\nverdict    {what}\n", text.stdout)
-        run = view("--json", *options, before=before)
-        self.assertEqual((run.returncode, run.stderr), (status, ""), run.stdout)
-        self.assertEqual(run.stdout.count("\n"), 1)
-        told = json.loads(run.stdout)
-        self.assertEqual((told["status"], told["problem"], told["what"]), (status, problem, what))
-        self.assertEqual(f"to do      {told['advice']}\n" in text.stdout, status != 0)
-        return told
 
 
 class States(MailboxTest):
@@ -91,10 +37,6 @@ class States(MailboxTest):
                                      "This user has no right to the segment.",
                                      before=WITHOUT_PRIVILEGE)
         self.assertEqual(told["system"], "shmget: Permission denied")
-
-    def test_right_to_read_is_enough(self):
-        self.expect_unchanged(self.segment(mode=0o400), 0, "none", HEALTHY,
-                              before=WITHOUT_PRIVILEGE)
 
     def test_left_by_a_dead_client(self):
         segment = self.segment()
@@ -283,23 +225,20 @@ class Output(MailboxTest):
         helped = re.findall(r"^ +(\d+)  (\w+) ", run.stdout, re.MULTILINE)
         with open(MANUAL, encoding="utf-8") as manual:
             told = re.findall(r"^\.It (\d+) \((\w+)\)$", manual.read(), re.MULTILINE)
-        self.assertEqual(len(helped), 12)
+        self.assertEqual(len(helped), 15)
         self.assertEqual(told, helped)
 
 
 class RealClient(MailboxTest):
     def test_messages_wait_and_are_left_waiting(self):
-        client = subprocess.Popen([CLIENT, "--messages", "2", "--seconds", str(PATIENCE)],
-                                  stdout=subprocess.PIPE, text=True)
-        self.addCleanup(client.stdout.close)
-        self.addCleanup(client.wait)
-        self.addCleanup(client.kill)
-        self.assertEqual(client.stdout.readline(), "standInClient: ready, segment 0x4EFCFF\n")
+        client = self.real_client("--messages", "2")
         client.send_signal(signal.SIGSTOP)
+        self.wait_for_state(client.pid, "T")
         for word in ("abort", "checkjob"):
             subprocess.run([TOOL, word], stdout=subprocess.DEVNULL, timeout=PATIENCE, check=True)
         for options in ([], ["--lock"]):
-            told = self.expect(0, "none", HEALTHY, *options)
+            told = self.expect(14, "clientStopped", "The client is stopped: what waits is not "
+                               "taken until it is continued.", *options)
             self.assertEqual(told["segment"]["creatorPid"], client.pid)
             self.assertEqual(told["segment"]["attached"], 1)
             self.assertEqual(told["record"]["entries"],
@@ -352,6 +291,23 @@ class Watch(MailboxTest):
         segment.lock_byte(1)
         again = self.looks(process, lambda look: look["problem"] == "lockHeld")
         self.assertEqual(again[-1]["record"]["lock"]["secondsTaken"], 0)
+
+    def test_stale_lock_of_another_segment(self):
+        first = Segment()
+        first.lock_byte(1)
+        process = self.running("--json", "--watch", "20", stdout=subprocess.PIPE)
+        try:
+            self.looks(process, lambda look: look["problem"] == "staleLock")
+            process.send_signal(signal.SIGSTOP)
+            self.wait_for_state(process.pid, "T")
+        finally:
+            first.remove()
+        second = self.segment()
+        second.lock_byte(1)
+        process.send_signal(signal.SIGCONT)
+        looks = self.looks(process, lambda look: look["segment"]["id"] == second.id)
+        self.assertEqual(looks[-1]["problem"], "lockHeld")
+        self.assertEqual(looks[-1]["record"]["lock"]["secondsTaken"], 0)
 
     def test_text_in_a_file_is_plain(self):
         self.segment()
@@ -465,5 +421,4 @@ class Lock(MailboxTest):
 
 
 if __name__ == "__main__":
-    VIEW, CLIENT, TOOL, MANUAL = sys.argv[1:]
-    unittest.main(argv=sys.argv[:1])
+    main()

@@ -2,12 +2,33 @@
 
 #include "qv/strings/qvString8.h"
 
+#include <cstddef>
+
 namespace qvSegment {
 
 /// What a program has to know to find a segment and its record without the class.
 
 /// Bytes ahead of the record: the lock byte and seven reserved ones.
 constexpr int segmentPrefixSize = 8;
+
+/// The rights that attaching asks for: reading and writing.
+constexpr int segmentAttachRights = 0660;
+
+/// `qvSharedMemory::error()` of an attach that found no segment; no `errno`.
+constexpr int segmentMissingError = 5;
+
+/// Bytes of a whole segment as the class counts them: a signed 32-bit number, which wraps.
+constexpr int segmentTotalSize(std::size_t bytes)
+{
+    return static_cast<int>(bytes);
+}
+
+/// Bytes of the record in a segment of `totalSize` bytes. Formed unsigned, because the smallest
+/// sizes would overflow.
+constexpr int segmentRecordSize(int totalSize)
+{
+    return static_cast<int>(static_cast<unsigned>(totalSize) - segmentPrefixSize);
+}
 
 /// The System V key of a segment, by its whole name ("QV_..._1234567"): the low 24 bits of the
 /// name's CRC-32. Two names that agree in them meet in one segment, and a key that comes out as 0

@@ -1,0 +1,137 @@
+// What the system shows of processes. The test steps in where /proc is opened: a farm may hide the
+// processes of other users.
+#include "viewer/processLook.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <cstdio>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+bool isProcHidden = false;
+
+// A process that waits for its end, under a name of its own.
+class Child
+{
+public:
+    explicit Child(char const* name = "child") : pid_(fork())
+    {
+        if (pid_ == 0) {
+            prctl(PR_SET_NAME, name);
+            raise(SIGSTOP);
+            for (;;)
+                pause();
+        }
+        waitpid(pid_, nullptr, WUNTRACED); // it has its name
+    }
+
+    ~Child()
+    {
+        kill(pid_, SIGKILL);
+        waitpid(pid_, nullptr, 0);
+    }
+
+    Child(Child const&) = delete;
+    Child& operator=(Child const&) = delete;
+
+    pid_t pid() const { return pid_; }
+
+    void proceed() const
+    {
+        kill(pid_, SIGCONT);
+        waitpid(pid_, nullptr, WCONTINUED);
+    }
+
+    // Dead, but not yet fetched by its parent.
+    void end() const
+    {
+        kill(pid_, SIGKILL);
+        siginfo_t info;
+        waitid(P_PID, static_cast<id_t>(pid_), &info, WEXITED | WNOWAIT);
+    }
+
+private:
+    pid_t pid_;
+};
+
+ProcessLook lookNow(pid_t pid)
+{
+    return lookAtProcess(pid, std::time(nullptr));
+}
+
+class ProcessLookTest : public testing::Test
+{
+protected:
+    void TearDown() override { isProcHidden = false; }
+};
+
+} // namespace
+
+extern "C" {
+
+std::FILE* __real_fopen(char const* path, char const* mode);
+
+std::FILE* __wrap_fopen(char const* path, char const* mode)
+{
+    return isProcHidden ? nullptr : __real_fopen(path, mode);
+}
+}
+
+TEST_F(ProcessLookTest, tellsStatesApart)
+{
+    Child const child("render) Z 1 (");
+    ProcessLook look = lookNow(child.pid());
+    EXPECT_EQ(look.pid, child.pid());
+    EXPECT_EQ(look.state, ProcessState::stopped);
+    EXPECT_STREQ(look.command, "render) Z 1 (");
+
+    child.proceed();
+    EXPECT_EQ(lookNow(child.pid()).state, ProcessState::alive);
+
+    child.end();
+    look = lookNow(child.pid());
+    EXPECT_EQ(look.state, ProcessState::dead);
+    EXPECT_STREQ(look.command, "");
+}
+
+TEST_F(ProcessLookTest, laterProcessIsAnotherOne)
+{
+    Child const child;
+    std::time_t const now = std::time(nullptr);
+    EXPECT_EQ(lookAtProcess(child.pid(), now - 10).state, ProcessState::dead);
+    EXPECT_STREQ(lookAtProcess(child.pid(), now - 10).command, "");
+    EXPECT_EQ(lookAtProcess(child.pid(), now).state, ProcessState::stopped);
+    EXPECT_EQ(lookAtProcess(child.pid(), now + 1000000).state, ProcessState::stopped);
+}
+
+TEST_F(ProcessLookTest, nameIsPrintable)
+{
+    Child const child("\x1B[2J\n\x7F\xC3\xA4\"");
+    EXPECT_STREQ(lookNow(child.pid()).command, "?[2J????\"");
+}
+
+TEST_F(ProcessLookTest, hiddenIsNotDead)
+{
+    pid_t gone = 0;
+    {
+        Child const child;
+        gone = child.pid();
+        isProcHidden = true;
+        EXPECT_EQ(lookNow(gone).state, ProcessState::unknown);
+    }
+    EXPECT_EQ(lookNow(gone).state, ProcessState::dead);
+    isProcHidden = false;
+    EXPECT_EQ(lookNow(gone).state, ProcessState::dead);
+}
+
+TEST_F(ProcessLookTest, processWithoutIdIsUnknown)
+{
+    for (pid_t const pid : {0, -1}) {
+        EXPECT_EQ(lookNow(pid).pid, pid);
+        EXPECT_EQ(lookNow(pid).state, ProcessState::unknown);
+    }
+}
