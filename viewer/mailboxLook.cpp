@@ -4,10 +4,12 @@
 #include "qv/segment/core/deferredSignals.h"
 #include "qv/segment/core/segmentKey.h"
 #include "qv/segment/qvSharedMemory.h"
+#include "viewer/printable.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <unistd.h>
 
 namespace {
 
@@ -92,9 +94,18 @@ bool findSegment(MailboxLook& look)
     return look.found;
 }
 
-void lookAtProcesses(MailboxLook& look)
+void lookAtClock(MailboxLook& look)
+{
+    char host[sizeof look.host] = "";
+    gethostname(host, sizeof host - 1);
+    copyPrintable(look.host, host);
+    look.secondsSince1970 = std::time(nullptr);
+}
+
+void lookAtPeople(MailboxLook& look)
 {
     shmid_ds const& status = look.status;
+    look.owner = userName(status.shm_perm.uid);
     look.client = lookAtProcess(status.shm_cpid, status.shm_ctime);
     look.last = lookAtProcess(status.shm_lpid, std::max(status.shm_atime, status.shm_dtime));
 }
@@ -171,9 +182,10 @@ int clientSegmentKey()
 MailboxLook lookAtMailbox(bool underLock)
 {
     MailboxLook look;
+    lookAtClock(look);
     if (!findSegment(look))
         return look;
-    lookAtProcesses(look);
+    lookAtPeople(look);
     if (look.recordSize() < clientRecordSize)
         return look;
 
@@ -184,5 +196,13 @@ MailboxLook lookAtMailbox(bool underLock)
         readUnderLock(look, mapping);
     else // nobody writes to what nobody has attached, and a wait in there would bar a new client
         readFreely(look, mapping);
+    return look;
+}
+
+MailboxLook lookAgain(MailboxLook const& last, bool underLock)
+{
+    MailboxLook look = lookAtMailbox(underLock);
+    if (look.id == last.id && look.isLockTaken() && last.isLockTaken())
+        look.takenFrom = last.takenFrom;
     return look;
 }

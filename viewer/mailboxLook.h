@@ -3,6 +3,7 @@
 #include "qv/client/qvClientMailbox.h"
 #include "qv/strings/qvString8.h"
 #include "viewer/processLook.h"
+#include "viewer/userName.h"
 
 #include <chrono>
 #include <sys/shm.h>
@@ -12,6 +13,8 @@ struct MailboxEntry
     unsigned char kind;
     unsigned char type;
     std::uint16_t value;
+
+    bool operator==(MailboxEntry const&) const = default;
 
     /// Display name of a command; empty for an entry that is none.
     _qvString8_allSize<250> name() const;
@@ -31,6 +34,9 @@ struct MailboxLook
 {
     using Clock = std::chrono::steady_clock;
 
+    char host[65] = "";               ///< This machine's name.
+    std::time_t secondsSince1970 = 0; ///< When the look began, by the system's clock.
+
     LookError error = LookError::none;
     _qvString8_allSize<250> errorText; ///< In the system's words.
 
@@ -38,8 +44,9 @@ struct MailboxLook
     int id = -1;
     bool maySend = false; ///< This user has the rights that a sender asks for.
     shmid_ds status{};    ///< As it was before this look's own attaching.
-    ProcessLook client;   ///< The process that made the segment.
-    ProcessLook last;     ///< The process that attached or left last.
+    UserName owner;
+    ProcessLook client; ///< The process that made the segment.
+    ProcessLook last;   ///< The process that attached or left last.
 
     bool read = false;       ///< What follows holds something.
     bool lockedByUs = false; ///< The record was read under the lock.
@@ -65,6 +72,13 @@ struct MailboxLook
 /// The System V key of the client's segment.
 int clientSegmentKey();
 
+/// From when on a taken lock is stale: as long as a sender waits for it before it gives up.
+inline constexpr std::chrono::milliseconds staleLockTime{2500};
+
 /// Looks once, attached for that time only. The segment stays, also when nobody is attached to it.
 /// `underLock` waits for the lock as a sender does, up to 2.5 seconds, and holds it while reading.
 MailboxLook lookAtMailbox(bool underLock);
+
+/// Looks again. A lock seen taken in the last look and in this one counts as taken all the while,
+/// which is how a sender sees it too.
+MailboxLook lookAgain(MailboxLook const& last, bool underLock);

@@ -2,8 +2,17 @@
 
 #include "viewer/mailboxVerdict.h"
 
-/// Prints a look for people, over several lines.
-void printMailboxText(MailboxLook const& look, MailboxVerdict const& verdict);
+#include <cstdio>
+
+/// Prints a look for people, over several lines, with the verdict last.
+void printMailboxText(std::FILE* to, MailboxLook const& look, MailboxVerdict const& verdict);
+
+/// The same for who looks on: verdict and clock first, and equal messages that follow each other in
+/// one line.
+void printMailboxFolded(std::FILE* to, MailboxLook const& look, MailboxVerdict const& verdict);
 
 /// Prints a look for programs: one JSON object on one line.
-void printMailboxJson(MailboxLook const& look, MailboxVerdict const& verdict);
+void printMailboxJson(std::FILE* to, MailboxLook const& look, MailboxVerdict const& verdict);
+
+/// Prints the verdict in one line, the same on all machines where it is the same.
+void printMailboxBrief(std::FILE* to, MailboxLook const& look, MailboxVerdict const& verdict);

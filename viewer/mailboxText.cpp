@@ -1,79 +1,156 @@
 #include "viewer/mailboxReport.h"
 
-#include <cstdio>
 #include <ctime>
 #include <unistd.h>
 
 namespace {
 
-void printTime(char const* what, std::time_t seconds)
+void printTime(std::FILE* to, char const* what, std::time_t seconds)
 {
     char text[64] = "never";
     tm parts;
     if (seconds != 0 && localtime_r(&seconds, &parts) != nullptr)
         std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &parts);
-    std::printf("%-11s%s\n", what, text);
+    std::fprintf(to, "%-11s%s\n", what, text);
 }
 
-void printSegment(MailboxLook const& look)
+void printOwner(std::FILE* to, MailboxLook const& look)
+{
+    ipc_perm const& rights = look.status.shm_perm;
+    bool const isNamed = *look.owner.text != '\0';
+    std::fprintf(to, "owner      %s%suid %u, gid %u, mode %04o\n", look.owner.text,
+                 isNamed ? ", " : "", rights.uid, rights.gid, rights.mode & 0777u);
+}
+
+void printProcess(std::FILE* to, char const* what, ProcessLook const& process)
+{
+    bool const isNamed = *process.command != '\0';
+    std::fprintf(to, "%-11spid %d%s%s%s, %s%s\n", what, process.pid, isNamed ? " (" : "",
+                 process.command, isNamed ? ")" : "", processStateWord(process.state),
+                 process.pid == getpid() ? ": this viewer" : "");
+}
+
+void printSegment(std::FILE* to, MailboxLook const& look)
 {
     shmid_ds const& status = look.status;
-    std::printf("id         %d\n", look.id);
-    std::printf("record     %d bytes of at least %d\n", look.recordSize(), clientRecordSize);
-    std::printf("owner      uid %u, gid %u, mode %04o\n", status.shm_perm.uid, status.shm_perm.gid,
-                status.shm_perm.mode & 0777u);
-    std::printf("processes  %llu attached, created by %d, last attached or left by %d%s\n",
-                static_cast<unsigned long long>(status.shm_nattch), status.shm_cpid,
-                status.shm_lpid, status.shm_lpid == getpid() ? " (this viewer)" : "");
-    printTime("attached", status.shm_atime);
-    printTime("left", status.shm_dtime);
-    printTime("changed", status.shm_ctime);
+    std::fprintf(to, "id         %d\n", look.id);
+    std::fprintf(to, "record     %d bytes of at least %d, in a segment of %zu\n", look.recordSize(),
+                 clientRecordSize, status.shm_segsz);
+    printOwner(to, look);
+    std::fprintf(to, "processes  %llu attached\n",
+                 static_cast<unsigned long long>(status.shm_nattch));
+    printProcess(to, "client", look.client);
+    printProcess(to, "came last", look.last);
+    printTime(to, "attached", status.shm_atime);
+    printTime(to, "left", status.shm_dtime);
+    printTime(to, "changed", status.shm_ctime);
 }
 
-void printLock(MailboxLook const& look)
+void printLock(std::FILE* to, MailboxLook const& look)
 {
     if (look.lockedByUs)
-        std::puts("lock       held by this viewer while it looked");
+        std::fputs("lock       held by this viewer while it looked\n", to);
     else if (look.isLockTaken()) {
         auto const tenths = static_cast<int>(look.timeTaken().count() / 100);
-        std::printf("lock       taken (byte %d), for at least %d.%d s\n", look.lockByte,
-                    tenths / 10, tenths % 10);
+        std::fprintf(to, "lock       taken (byte %d), for at least %d.%d s\n", look.lockByte,
+                     tenths / 10, tenths % 10);
     } else
-        std::puts("lock       free");
+        std::fputs("lock       free\n", to);
 }
 
-void printEntries(MailboxLook const& look)
+void printMarkers(std::FILE* to, MailboxLook const& look)
 {
-    std::printf("messages   %d of %d\n", look.messageCount, maxClientMessages);
+    std::fprintf(to, "markers    recordMarker %u (%d), stateMarker %d (%d), stateFlag %d (%d)\n",
+                 look.format.recordMarker, clientRecordMarker, look.format.stateMarker,
+                 clientStateMarker, look.format.stateFlag, clientStateFlag);
+}
+
+void printCount(std::FILE* to, MailboxLook const& look)
+{
+    std::fprintf(to, "messages   %d of %d\n", look.messageCount, maxClientMessages);
+}
+
+void printFields(std::FILE* to, MailboxEntry const& entry)
+{
+    std::fprintf(to, "kind %d, type %d, value %d", entry.kind, entry.type, entry.value);
+}
+
+void printEntries(std::FILE* to, MailboxLook const& look)
+{
     for (int i = 0; i < look.entryCount(); ++i) {
         MailboxEntry const& entry = look.entries[i];
         auto const name = entry.name();
-        std::printf("%5d  kind %d, type %d, value %d%s%s\n", i + 1, entry.kind, entry.type,
-                    entry.value, name.length == 0 ? "" : ": ", name.asChar());
+        std::fprintf(to, "%5d  ", i + 1);
+        printFields(to, entry);
+        std::fprintf(to, "%s%s\n", name.length == 0 ? "" : ": ", name.asChar());
     }
 }
 
-void printRecord(MailboxLook const& look)
+/// How many entries from `first` on are equal.
+int equalEntries(MailboxLook const& look, int first)
 {
-    printLock(look);
-    std::printf("markers    recordMarker %u (%d), stateMarker %d (%d), stateFlag %d (%d)\n",
-                look.format.recordMarker, clientRecordMarker, look.format.stateMarker,
-                clientStateMarker, look.format.stateFlag, clientStateFlag);
-    printEntries(look);
+    int end = first + 1;
+    while (end < look.entryCount() && look.entries[end] == look.entries[first])
+        ++end;
+    return end - first;
+}
+
+void printFoldedEntries(std::FILE* to, MailboxLook const& look)
+{
+    for (int i = 0; i < look.entryCount();) {
+        int const equal = equalEntries(look, i);
+        auto const name = look.entries[i].name();
+        std::fprintf(to, "%5d x ", equal);
+        if (name.length == 0)
+            printFields(to, look.entries[i]);
+        std::fprintf(to, "%s\n", name.asChar());
+        i += equal;
+    }
+}
+
+void printMachine(std::FILE* to, MailboxLook const& look)
+{
+    std::fprintf(to, "mailbox    key 0x%08x on %s\n", static_cast<unsigned>(clientSegmentKey()),
+                 look.host);
+}
+
+void printVerdict(std::FILE* to, MailboxLook const& look, MailboxVerdict const& verdict)
+{
+    std::fprintf(to, "verdict    %s\n", verdict.what);
+    if (look.error != LookError::none)
+        std::fprintf(to, "           %s\n", look.errorText.asChar());
+    if (*verdict.advice != '\0')
+        std::fprintf(to, "to do      %s\n", verdict.advice);
+}
+
+/// All but the messages themselves.
+void printFacts(std::FILE* to, MailboxLook const& look)
+{
+    if (look.found)
+        printSegment(to, look);
+    if (!look.read)
+        return;
+    printLock(to, look);
+    printMarkers(to, look);
+    printCount(to, look);
 }
 
 } // namespace
 
-void printMailboxText(MailboxLook const& look, MailboxVerdict const& verdict)
+void printMailboxText(std::FILE* to, MailboxLook const& look, MailboxVerdict const& verdict)
 {
-    std::printf("mailbox    key 0x%08x\n", static_cast<unsigned>(clientSegmentKey()));
-    if (look.found)
-        printSegment(look);
-    if (look.read)
-        printRecord(look);
-    std::printf("verdict    %s\n", verdict.what);
-    if (look.error != LookError::none)
-        std::printf("           %s\n", look.errorText.asChar());
-    if (*verdict.advice != '\0')
-        std::printf("to do      %s\n", verdict.advice);
+    printMachine(to, look);
+    printTime(to, "looked", look.secondsSince1970);
+    printFacts(to, look);
+    printEntries(to, look);
+    printVerdict(to, look, verdict);
+}
+
+void printMailboxFolded(std::FILE* to, MailboxLook const& look, MailboxVerdict const& verdict)
+{
+    printVerdict(to, look, verdict);
+    printTime(to, "looked", look.secondsSince1970);
+    printMachine(to, look);
+    printFacts(to, look);
+    printFoldedEntries(to, look);
 }

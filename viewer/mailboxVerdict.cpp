@@ -4,9 +4,6 @@
 
 namespace {
 
-/// As long as a sender waits for the lock before it gives up.
-constexpr std::chrono::milliseconds staleLockTime{2500};
-
 constexpr MailboxVerdict verdicts[] = {
     {MailboxProblem::none, "none", "A client is attached, and its queue has room.", ""},
     {MailboxProblem::missing, "missing", "There is no segment: no client runs on this machine.",
@@ -45,8 +42,10 @@ constexpr MailboxVerdict verdicts[] = {
      "The client is stopped: what waits is not taken until it is continued.",
      "Continue the client, by SIGCONT or in the debugger that holds it."},
     {MailboxProblem::mayNotSend, "mayNotSend",
-     "This user may look at the segment but not send: it lacks the right to write.",
+     "This user may look at the mailbox but not send: it lacks the right to write.",
      "Send as the client's user; the owner is shown."},
+    {MailboxProblem::timedOut, "timedOut", "The time ran out before it was so.",
+     "Look once without waiting: that tells what is in the way."},
 };
 
 MailboxProblem problemOfAccess(LookError error)
@@ -110,10 +109,12 @@ MailboxProblem problemOf(MailboxLook const& look)
         return MailboxProblem::abandoned;
     if (!look.read)
         return MailboxProblem::tooSmall;
-    if (!look.maySend)
-        return MailboxProblem::mayNotSend;
-    MailboxProblem const ofClient = problemOfClient(look);
-    return ofClient != MailboxProblem::none ? ofClient : problemOfRecord(look);
+    MailboxProblem problem = problemOfClient(look);
+    if (problem == MailboxProblem::none)
+        problem = problemOfRecord(look);
+    if (problem == MailboxProblem::none && !look.maySend)
+        problem = MailboxProblem::mayNotSend; // last: who only looks on has to learn all the others
+    return problem;
 }
 
 } // namespace
@@ -123,7 +124,12 @@ std::span<MailboxVerdict const> allMailboxVerdicts()
     return verdicts;
 }
 
+MailboxVerdict const& mailboxVerdictOf(MailboxProblem problem)
+{
+    return *std::ranges::find(verdicts, problem, &MailboxVerdict::problem);
+}
+
 MailboxVerdict const& judgeMailbox(MailboxLook const& look)
 {
-    return *std::ranges::find(verdicts, problemOf(look), &MailboxVerdict::problem);
+    return mailboxVerdictOf(problemOf(look));
 }

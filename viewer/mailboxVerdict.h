@@ -23,6 +23,7 @@ enum class MailboxProblem
     clientDead = 13,
     clientStopped = 14,
     mayNotSend = 15,
+    timedOut = 16,
 };
 
 struct MailboxVerdict
@@ -37,6 +38,9 @@ struct MailboxVerdict
 
 /// Every verdict, in the order of their statuses.
 std::span<MailboxVerdict const> allMailboxVerdicts();
+
+/// The verdict that is called so.
+MailboxVerdict const& mailboxVerdictOf(MailboxProblem problem);
 
 /// The verdict on a look: of several problems the one that explains the others, and then the one
 /// that a sender would meet first.

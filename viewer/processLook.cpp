@@ -1,6 +1,7 @@
 #include "viewer/processLook.h"
 
-#include <algorithm>
+#include "viewer/printable.h"
+
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -17,11 +18,6 @@ struct ProcessStat
     unsigned long long startTicks; ///< Since the machine's start.
 };
 
-char printable(char character)
-{
-    return character >= ' ' && character <= '~' ? character : '?';
-}
-
 /// The command is in brackets and may hold brackets itself: the last one ends it.
 bool readFields(char const* text, ProcessStat& stat)
 {
@@ -29,10 +25,7 @@ bool readFields(char const* text, ProcessStat& stat)
     char const* const close = std::strrchr(text, ')');
     if (open == nullptr || close == nullptr)
         return false;
-    auto const length =
-        std::min<std::size_t>(static_cast<std::size_t>(close - open - 1), sizeof stat.command - 1);
-    char* const end = std::transform(open + 1, open + 1 + length, stat.command, printable);
-    *end = '\0';
+    copyPrintable(stat.command, {open + 1, close});
     // Between the state and the start there are 18 numbers that do not count here.
     return std::sscanf(close + 1,
                        " %c %*s %*s %*s %*s %*s %*s %*s %*s %*s %*s %*s %*s %*s %*s %*s %*s %*s "

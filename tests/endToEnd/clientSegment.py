@@ -160,11 +160,16 @@ class Segment:
         return image
 
     def set_mode(self, mode):
-        """Gives the segment other rights."""
+        self._set(20, mode)
+
+    def set_owner(self, uid):
+        self._set(4, uid)
+
+    def _set(self, place, value):
+        """Changes a field of the system's structure, on a 64-bit machine."""
         status = ctypes.create_string_buffer(256)
         _checked(_libc.shmctl(self.id, _IPC_STAT, status))
-        place = 20  # of the mode in the system's structure
-        status[place:place + 4] = mode.to_bytes(4, "little")
+        status[place:place + 4] = value.to_bytes(4, "little")
         _checked(_libc.shmctl(self.id, _IPC_SET, status))
 
     def leave(self):

@@ -4,7 +4,20 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <string>
+
+namespace {
+
+template <class Printer>
+std::string printed(Printer printer, MailboxLook const& look, MailboxVerdict const& verdict)
+{
+    testing::internal::CaptureStdout();
+    printer(stdout, look, verdict);
+    return testing::internal::GetCapturedStdout();
+}
+
+} // namespace
 
 // 2.4996 seconds are not yet 2.5.
 TEST(MailboxJson, TimeOfTheLockIsRoundedDown)
@@ -14,24 +27,22 @@ TEST(MailboxJson, TimeOfTheLockIsRoundedDown)
     look.lockByte = 1;
     look.time = look.takenFrom + std::chrono::microseconds(2499600);
     MailboxVerdict const verdict{MailboxProblem::lockHeld, "lockHeld", "", ""};
-    testing::internal::CaptureStdout();
-    printMailboxJson(look, verdict);
-    EXPECT_NE(testing::internal::GetCapturedStdout().find("\"secondsTaken\":2.499}"),
+    EXPECT_NE(printed(printMailboxJson, look, verdict).find("\"secondsTaken\":2.499}"),
               std::string::npos);
-    testing::internal::CaptureStdout();
-    printMailboxText(look, verdict);
-    EXPECT_NE(testing::internal::GetCapturedStdout().find("for at least 2.4 s\n"),
+    EXPECT_NE(printed(printMailboxText, look, verdict).find("for at least 2.4 s\n"),
               std::string::npos);
 }
 
 TEST(MailboxJson, EscapesWhatWouldEndAString)
 {
     MailboxLook look;
+    std::strcpy(look.host, "render\"07");
+    look.secondsSince1970 = 1795316645;
     look.errorText = "shmget: \"a\\b\"\n\x1F\xC3\xA4";
     MailboxVerdict const verdict{MailboxProblem::refused, "refused", "It was refused.", ""};
-    testing::internal::CaptureStdout();
-    printMailboxJson(look, verdict);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(),
-              "{\"key\":5176575,\"status\":4,\"problem\":\"refused\",\"what\":\"It was refused.\","
+    EXPECT_EQ(printed(printMailboxJson, look, verdict),
+              "{\"schema\":1,\"host\":\"render\\\"07\",\"time\":\"2026-11-22T03:04:05Z\","
+              "\"key\":5176575,\"keyHex\":\"0x004efcff\",\"status\":4,\"problem\":\"refused\","
+              "\"what\":\"It was refused.\","
               "\"system\":\"shmget: \\\"a\\\\b\\\"\\u000a\\u001f\xC3\xA4\",\"advice\":\"\"}\n");
 }

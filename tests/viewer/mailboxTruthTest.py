@@ -9,7 +9,7 @@ from clientSegment import MESSAGE_COUNT, Guest, attached
 
 DEAD = ("The client is dead: what is still attached keeps its segment, and nobody takes commands.")
 STOPPED = "The client is stopped: what waits is not taken until it is continued."
-MAY_NOT_SEND = "This user may look at the segment but not send: it lacks the right to write."
+MAY_NOT_SEND = "This user may look at the mailbox but not send: it lacks the right to write."
 TOO_SMALL = ("The segment is too small: something else holds the key, or a client of another "
              "build.")
 

@@ -1,8 +1,10 @@
 """mailboxView from outside: every state of a mailbox, both forms of output, --watch and --lock."""
 
+import calendar
 import json
 import os
 import pty
+import pwd
 import re
 import select
 import signal
@@ -155,16 +157,20 @@ class Output(MailboxTest):
         segment = self.filled()
         run = view()
         moment = r"\d{4}-\d\d-\d\d \d\d:\d\d:\d\d"
+        self.assertRegex(run.stdout, f"\nlooked     {moment}\n")
         self.assertRegex(run.stdout, f"\nattached   {moment}\nleft       never\n"
                                      f"changed    {moment}\n")
         steady = re.sub(moment, "TIME", run.stdout)
+        us = f"pid {os.getpid()} ({self.our_command()}), alive"
         self.assertEqual(steady, (
-            "mailbox    key 0x004efcff\n"
+            f"mailbox    key 0x004efcff on {os.uname().nodename}\n"
+            "looked     TIME\n"
             f"id         {segment.id}\n"
-            "record     22988 bytes of at least 22988\n"
-            f"owner      uid {os.geteuid()}, gid {os.getegid()}, mode 0640\n"
-            f"processes  1 attached, created by {os.getpid()}, "
-            f"last attached or left by {os.getpid()}\n"
+            "record     22988 bytes of at least 22988, in a segment of 22996\n"
+            f"owner      {self.our_name()}, uid {os.geteuid()}, gid {os.getegid()}, mode 0640\n"
+            "processes  1 attached\n"
+            f"client     {us}\n"
+            f"came last  {us}\n"
             "attached   TIME\n"
             "left       never\n"
             "changed    TIME\n"
@@ -178,19 +184,40 @@ class Output(MailboxTest):
             "    5  kind 2, type 2, value 257\n"
             "verdict    A client is attached, and its queue has room.\n"))
 
+    @staticmethod
+    def our_command():
+        with open("/proc/self/comm", encoding="ascii") as name:
+            return name.read().rstrip()
+
+    @staticmethod
+    def our_name():
+        return pwd.getpwuid(os.geteuid()).pw_name
+
+    def test_user_who_has_no_name(self):
+        if os.geteuid() != 0:
+            self.skipTest("only root makes segments of others")
+        self.segment().set_owner(4000000000)
+        self.assertIn("\nowner      uid 4000000000, gid ", view().stdout)
+        self.assertEqual(json.loads(view("--json").stdout)["segment"]["user"], "")
+
     def test_json(self):
         segment = self.filled()
         now = int(time.time())
         told = json.loads(view("--json").stdout)
         for name in ("attachTime", "changeTime"):
             self.assertLessEqual(abs(told["segment"].pop(name) - now), PATIENCE)
+        moment = time.strptime(told.pop("time"), "%Y-%m-%dT%H:%M:%SZ")
+        self.assertLessEqual(abs(calendar.timegm(moment) - now), PATIENCE)
+        us = {"pid": os.getpid(), "command": self.our_command(), "state": "alive"}
         self.assertEqual(told, {
-            "key": 5176575, "status": 0, "problem": "none",
+            "schema": 1, "host": os.uname().nodename,
+            "key": 5176575, "keyHex": "0x004efcff", "status": 0, "problem": "none",
             "what": "A client is attached, and its queue has room.", "system": "", "advice": "",
             "segment": {
                 "id": segment.id, "recordSize": 22988, "leastRecordSize": 22988,
                 "uid": os.geteuid(), "gid": os.getegid(), "mode": "0640", "attached": 1,
-                "creatorPid": os.getpid(), "lastPid": os.getpid(), "leaveTime": 0},
+                "creatorPid": os.getpid(), "lastPid": os.getpid(), "leaveTime": 0,
+                "size": 22996, "user": self.our_name(), "client": us, "last": us},
             "record": {
                 "lock": {"byte": 0, "byViewer": False, "secondsTaken": 0},
                 "recordMarker": {"found": 517, "expected": 517},
@@ -205,17 +232,59 @@ class Output(MailboxTest):
                     {"kind": 2, "type": 2, "value": 200, "name": "Unknown #200"},
                     {"kind": 2, "type": 2, "value": 257}]}})
 
+    def test_brief(self):
+        run = view("--brief")
+        self.assertEqual((run.returncode, run.stdout), (
+            2, "missing: There is no segment: no client runs on this machine.\n"))
+        self.filled()
+        run = view("--brief")
+        self.assertEqual((run.returncode, run.stdout), (
+            0, "none: A client is attached, and its queue has room.\n"))
+
+    def test_version(self):
+        run = view("--version")
+        self.assertEqual((run.returncode, run.stdout, run.stderr), (0, "mailboxView 8.3.05\n", ""))
+
     def test_wrong_command_lines(self):
-        for line in (["-x"], ["json"], ["--json", ""], ["--watch", "0"], ["--watch", "1x"],
-                     ["--watch", "99999999999"], ["--watch", "5", "5"], ["--lock", "1"]):
+        for line, error in (
+                (["-x"], "'-x' is no option"),
+                (["json"], "'json' is no option"),
+                (["--json", ""], "'' is no option"),
+                (["--jsonx"], "'--jsonx' is no option"),
+                (["-hx"], "'-hx' is no option"),
+                (["\033[2J"], "'?[2J' is no option"),
+                (["--lock", "1"], "'1' is no option"),
+                (["--watch", "5", "6"], "'6' is no option"),
+                (["--lock=1"], "'--lock=1' has a value, which does not go with --lock"),
+                (["--watch", "0"], "'0' is no number that goes with --watch"),
+                (["--watch", "1x"], "'1x' is no number that goes with --watch"),
+                (["--watch="], "'--watch=' is no number that goes with --watch"),
+                (["--watch=-5"], "'--watch=-5' is no number that goes with --watch"),
+                (["--watch", "99999999999"],
+                 "'99999999999' is no number that goes with --watch"),
+                (["--timeout"], "'--timeout' needs a number"),
+                (["--timeout", "5"], "'--timeout' goes with other options only"),
+                (["--watch", "--timeout", "5"], "'--timeout' does not go with --watch"),
+                (["--watch", "--wait-empty"], "'--wait-empty' does not go with --watch"),
+                (["--wait-client"], "'--wait-client' needs --timeout S"),
+                (["--json", "--version"], "'--json' does not go with --version")):
             with self.subTest(line=line):
                 run = view(*line)
                 self.assertEqual((run.returncode, run.stdout), (1, ""))
-                self.assertTrue(run.stderr.startswith(
-                    "usage: mailboxView [--json] [--lock] [--watch [MS]]\n"))
+                self.assertEqual(run.stderr.splitlines()[:2],
+                                 [f"mailboxView: {error}", "usage: mailboxView [OPTION]..."])
+
+    def test_forms_of_an_option(self):
+        self.assertEqual(view("-h").stdout, view("--help").stdout)
+        for line in (["--watch=20"], ["--watch", "20"]):
+            with self.subTest(line=line):
+                process = self.running("--brief", *line, stdout=subprocess.PIPE)
+                for _ in range(3):
+                    self.assertTrue(process.stdout.readline().startswith("missing: "))
 
     def test_output_that_cannot_be_written(self):
-        for options in ([], ["--json"], ["--watch", "20"]):
+        for options in ([], ["--json"], ["--brief"], ["--watch", "20"], ["--help"],
+                        ["--version"], ["--wait-empty", "--timeout", "1"]):
             with self.subTest(options=options), open("/dev/full", "w", encoding="ascii") as full:
                 self.assertEqual(self.running(*options, stdout=full).wait(PATIENCE), 1)
 
@@ -225,7 +294,7 @@ class Output(MailboxTest):
         helped = re.findall(r"^ +(\d+)  (\w+) ", run.stdout, re.MULTILINE)
         with open(MANUAL, encoding="utf-8") as manual:
             told = re.findall(r"^\.It (\d+) \((\w+)\)$", manual.read(), re.MULTILINE)
-        self.assertEqual(len(helped), 15)
+        self.assertEqual(len(helped), 16)
         self.assertEqual(told, helped)
 
 
@@ -312,11 +381,26 @@ class Watch(MailboxTest):
     def test_text_in_a_file_is_plain(self):
         self.segment()
         process = self.running("--watch", "20", stdout=subprocess.PIPE)
-        lines = [process.stdout.readline() for _ in range(30)]
-        self.assertEqual(lines.count("mailbox    key 0x004efcff\n"), 3)
-        self.assertEqual([lines[0], lines[11], lines[12]],
-                         ["mailbox    key 0x004efcff\n", f"verdict    {HEALTHY}\n", "\n"])
+        lines = [process.stdout.readline() for _ in range(48)]
+        verdict = f"verdict    {HEALTHY}\n"
+        self.assertEqual([i for i, line in enumerate(lines) if line == verdict], [0, 16, 32])
+        self.assertTrue(lines[1].startswith("looked     "))
+        self.assertEqual(lines[15], "\n")
         self.assertNotIn("\033", "".join(lines))
+
+    def test_equal_messages_are_folded(self):
+        segment = self.segment()
+        values = [2] * 3 + [3] + [2] * 26
+        for number, value in enumerate(values, 1):
+            segment.message(number, 2, 2, value)
+        segment.message(30, 2, 5, 2)
+        segment.put(MESSAGE_COUNT, 30, 1)
+        process = self.running("--watch", "20", stdout=subprocess.PIPE)
+        while process.stdout.readline() != "messages   30 of 30\n":
+            pass
+        self.assertEqual([process.stdout.readline() for _ in range(5)],
+                         ["    3 x Enable\n", "    1 x Disable\n", "   25 x Enable\n",
+                          "    1 x kind 2, type 5, value 2\n", "\n"])
 
     def test_terminal_is_left_as_it_was(self):
         self.segment()
@@ -327,10 +411,10 @@ class Watch(MailboxTest):
                     before = termios.tcgetattr(terminal)
                     process = self.running("--watch", "600000", stdin=terminal, stdout=terminal,
                                            stderr=terminal)
-                    output = self.screen_text(screen, HEALTHY)
+                    output = self.screen_text(screen, "messages   0 of 30")
                     process.send_signal(number)
                     self.assertEqual(process.wait(PATIENCE), 0)
-                    self.assertTrue(output.startswith("\033[H\033[Jmailbox    key 0x004efcff\r\n"))
+                    self.assertTrue(output.startswith("\033[H\033[Jverdict    "))
                     output += self.screen_text(screen)
                     self.assertEqual(output.count("\033"), 2)  # no mode set, so none to set back
                     self.assertTrue(output.endswith("\n"))

@@ -1,0 +1,47 @@
+#include "viewer/mailboxWatch.h"
+
+#include <thread>
+
+namespace {
+
+constexpr std::chrono::milliseconds lookEvery{100};
+
+/// Attached to, of the right format, and not left by a dead one.
+bool isClientThere(MailboxLook const& look)
+{
+    return look.read && look.status.shm_nattch != 0 && look.format.isRight() &&
+           look.client.state != ProcessState::dead;
+}
+
+/// While another holds the lock, the count may be ahead of a message.
+bool isReached(ViewTask task, MailboxLook const& look)
+{
+    if (!isClientThere(look))
+        return false;
+    return task == ViewTask::waitClient || (look.messageCount == 0 && !look.isLockTaken());
+}
+
+/// What was in the way is told beside the form that a program may be reading.
+int runOut(ViewOptions const& options, MailboxLook const& look)
+{
+    std::fputs("mailboxView: the last look: ", stderr);
+    printMailboxBrief(stderr, look, judgeMailbox(look));
+    MailboxVerdict const& verdict = mailboxVerdictOf(MailboxProblem::timedOut);
+    return printLook(options.form, look, verdict) ? verdict.status() : viewFailed;
+}
+
+} // namespace
+
+int waitForMailbox(ViewOptions const& options)
+{
+    auto const end = MailboxLook::Clock::now() + std::chrono::seconds(options.timeoutSeconds);
+    MailboxLook look;
+    for (;;) {
+        look = lookAgain(look, options.lock);
+        if (isReached(options.task, look))
+            return printLook(options.form, look, judgeMailbox(look)) ? 0 : viewFailed;
+        if (MailboxLook::Clock::now() >= end)
+            return runOut(options, look);
+        std::this_thread::sleep_for(lookEvery);
+    }
+}

@@ -1,0 +1,256 @@
+#include "viewer/viewOptions.h"
+
+#include "viewer/printable.h"
+
+#include <charconv>
+#include <cstring>
+#include <string_view>
+
+namespace {
+
+constexpr unsigned bit(ViewTask task)
+{
+    return 1u << static_cast<unsigned>(task);
+}
+
+constexpr unsigned waiting = bit(ViewTask::waitEmpty) | bit(ViewTask::waitClient);
+constexpr unsigned showing = bit(ViewTask::look) | bit(ViewTask::watch) | waiting;
+constexpr unsigned checking = bit(ViewTask::check);
+
+enum class Value
+{
+    none,
+    optional,
+    needed,
+};
+
+struct Option
+{
+    char const* name;      ///< With its dashes, as the user types it.
+    char const* shortName; ///< Another one, or empty.
+    char const* synopsis;
+    char const* help;
+    unsigned tasks; ///< Those that it goes with; 0 for an option that is a task.
+    ViewTask task;  ///< If it is one.
+    Value value = Value::none;
+    int least = 1; ///< Of the value.
+    void (*set)(ViewOptions& options, int value) = nullptr;
+};
+
+constexpr Option optionTable[] = {
+    {.name = "--json",
+     .shortName = "",
+     .synopsis = "--json",
+     .help = "one JSON object per look, on one line",
+     .tasks = showing,
+     .task = ViewTask::look,
+     .set = [](ViewOptions& options, int) { options.form = ViewForm::json; }},
+    {.name = "--brief",
+     .shortName = "",
+     .synopsis = "--brief",
+     .help = "the verdict in one line, equal on equal nodes",
+     .tasks = showing,
+     .task = ViewTask::look,
+     .set = [](ViewOptions& options, int) { options.form = ViewForm::brief; }},
+    {.name = "--lock",
+     .shortName = "",
+     .synopsis = "--lock",
+     .help = "look under the mailbox's lock",
+     .tasks = showing,
+     .task = ViewTask::look,
+     .set = [](ViewOptions& options, int) { options.lock = true; }},
+    {.name = "--watch",
+     .shortName = "",
+     .synopsis = "--watch [MS]",
+     .help = "look every MS milliseconds (1000) until SIGINT or SIGTERM",
+     .tasks = 0,
+     .task = ViewTask::watch,
+     .value = Value::optional,
+     .set = [](ViewOptions& options, int value) { options.watchMs = value; }},
+    {.name = "--wait-empty",
+     .shortName = "",
+     .synopsis = "--wait-empty",
+     .help = "look until a living client has taken all its messages",
+     .tasks = 0,
+     .task = ViewTask::waitEmpty},
+    {.name = "--wait-client",
+     .shortName = "",
+     .synopsis = "--wait-client",
+     .help = "look until a client is there that has started",
+     .tasks = 0,
+     .task = ViewTask::waitClient},
+    {.name = "--timeout",
+     .shortName = "",
+     .synopsis = "--timeout S",
+     .help = "how many seconds to wait, which both need",
+     .tasks = waiting,
+     .task = ViewTask::look,
+     .value = Value::needed,
+     .set = [](ViewOptions& options, int value) { options.timeoutSeconds = value; }},
+    {.name = "--help",
+     .shortName = "-h",
+     .synopsis = "-h, --help",
+     .help = "this text",
+     .tasks = 0,
+     .task = ViewTask::help},
+    {.name = "--version",
+     .shortName = "",
+     .synopsis = "--version",
+     .help = "the version",
+     .tasks = 0,
+     .task = ViewTask::version},
+};
+
+/// An option as it was given: `text` is the argument, `value` what is joined to it.
+struct Given
+{
+    Option const* option = nullptr;
+    std::string_view value;
+    bool isJoined = false;
+};
+
+Given matchLong(Option const& option, std::string_view argument)
+{
+    std::string_view const name = option.name;
+    if (!argument.starts_with(name))
+        return {};
+    argument.remove_prefix(name.size());
+    if (argument.empty())
+        return {&option, {}, false};
+    return argument[0] == '=' ? Given{&option, argument.substr(1), true} : Given{};
+}
+
+Given matchShort(Option const& option, std::string_view argument)
+{
+    std::string_view const name = option.shortName;
+    if (name.empty() || !argument.starts_with(name))
+        return {};
+    argument.remove_prefix(name.size());
+    if (!argument.empty() && option.value == Value::none)
+        return {};
+    return {&option, argument, !argument.empty()};
+}
+
+Given findOption(std::string_view argument)
+{
+    for (Option const& option : optionTable)
+        for (Given const& given : {matchLong(option, argument), matchShort(option, argument)})
+            if (given.option != nullptr)
+                return given;
+    return {};
+}
+
+bool readNumber(std::string_view text, int least, int& number)
+{
+    char const* const end = text.data() + text.size();
+    auto const result = std::from_chars(text.data(), end, number);
+    return result.ec == std::errc() && result.ptr == end && number >= least;
+}
+
+/// One reading of the command line.
+class Reader
+{
+public:
+    Reader(int argc, char const* const* argv, char (&error)[200])
+        : argc_(argc),
+          argv_(argv),
+          error_(error)
+    {
+        error_[0] = '\0';
+    }
+
+    ViewOptions read()
+    {
+        for (next_ = 1; next_ < argc_ && !hasFailed();)
+            readOne();
+        if (!hasFailed())
+            findConflict();
+        return options_;
+    }
+
+private:
+    bool hasFailed() const { return error_[0] != '\0'; }
+
+    /// The argument may hold anything that a user, or a script, put there.
+    void fail(char const* argument, char const* what, char const* other = "")
+    {
+        char shown[60];
+        copyPrintable(shown, argument);
+        std::snprintf(error_, sizeof error_, "'%s' %s%s", shown, what, other);
+    }
+
+    void readOne()
+    {
+        char const* const argument = argv_[next_++];
+        Given given = findOption(argument);
+        if (given.option == nullptr)
+            return fail(argument, "is no option");
+        Option const& option = *given.option;
+        if (option.value == Value::none && given.isJoined)
+            return fail(argument, "has a value, which does not go with ", option.name);
+        takeValue(given);
+
+        int value = 0;
+        if (given.isJoined && !readNumber(given.value, option.least, value))
+            return fail(argv_[next_ - 1], "is no number that goes with ", option.name);
+        if (option.value == Value::needed && !given.isJoined)
+            return fail(argument, "needs a number");
+        take(option, given.isJoined, value);
+    }
+
+    /// A value that follows as an argument of its own.
+    void takeValue(Given& given)
+    {
+        if (given.option->value == Value::none || given.isJoined || next_ == argc_)
+            return;
+        if (given.option->value == Value::optional && argv_[next_][0] == '-')
+            return;
+        given.value = argv_[next_++];
+        given.isJoined = true;
+    }
+
+    void take(Option const& option, bool hasValue, int value)
+    {
+        if (option.tasks == 0 && task_ != nullptr && task_ != &option)
+            return fail(option.name, "does not go with ", task_->name);
+        if (option.tasks == 0) {
+            task_ = &option;
+            options_.task = option.task;
+        } else
+            given_[&option - optionTable] = true;
+        if (option.set != nullptr && (hasValue || option.value == Value::none))
+            option.set(options_, value);
+    }
+
+    void findConflict()
+    {
+        for (Option const& option : optionTable)
+            if (given_[&option - optionTable] && (option.tasks & bit(options_.task)) == 0)
+                return task_ != nullptr ? fail(option.name, "does not go with ", task_->name)
+                                        : fail(option.name, "goes with other options only");
+        if ((waiting & bit(options_.task)) != 0 && options_.timeoutSeconds == 0)
+            fail(task_->name, "needs --timeout S");
+    }
+
+    int argc_;
+    char const* const* argv_;
+    char (&error_)[200];
+    int next_ = 1;
+    ViewOptions options_;
+    Option const* task_ = nullptr;
+    bool given_[std::size(optionTable)]{};
+};
+
+} // namespace
+
+ViewOptions readOptions(int argc, char const* const* argv, char (&error)[200])
+{
+    return Reader(argc, argv, error).read();
+}
+
+void printOptions(std::FILE* to)
+{
+    std::fputs("usage: mailboxView [OPTION]...\n\n", to);
+    for (Option const& option : optionTable)
+        std::fprintf(to, "  %-14s  %s\n", option.synopsis, option.help);
+}
