@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -19,6 +20,9 @@ using qvSegment::segmentMissingError;
 using qvSegment::segmentPrefixSize;
 
 constexpr int readRights = 0444;
+
+/// A holder needs microseconds: the many looks find it free at one of them.
+constexpr std::chrono::milliseconds lookAtLockEvery{50};
 
 LookError errorOf(int systemError)
 {
@@ -157,6 +161,16 @@ _qvString8_allSize<250> MailboxEntry::name() const
     return qvC::qvClientCommandName(static_cast<unsigned char>(value));
 }
 
+bool MailboxLook::hasRunningClient() const
+{
+    return hasClient() && client.state != ProcessState::stopped;
+}
+
+bool MailboxLook::hasClient() const
+{
+    return read && status.shm_nattch != 0 && format.isRight() && client.state != ProcessState::dead;
+}
+
 std::chrono::milliseconds MailboxLook::timeTaken() const
 {
     return std::chrono::duration_cast<std::chrono::milliseconds>(time - takenFrom);
@@ -204,5 +218,15 @@ MailboxLook lookAgain(MailboxLook const& last, bool underLock)
     MailboxLook look = lookAtMailbox(underLock);
     if (look.id == last.id && look.isLockTaken() && last.isLockTaken())
         look.takenFrom = last.takenFrom;
+    return look;
+}
+
+MailboxLook lookUntilLockIsJudged()
+{
+    MailboxLook look = lookAtMailbox(false);
+    while (look.isLockTaken() && look.timeTaken() < staleLockTime) {
+        std::this_thread::sleep_for(lookAtLockEvery);
+        look = lookAgain(look, false);
+    }
     return look;
 }

@@ -58,6 +58,12 @@ struct MailboxLook
     MailboxEntry entries[maxClientMessages]{};
 
     bool isLockTaken() const { return read && !lockedByUs && lockByte != 0; }
+    /// A client's record is there and attached to, and the process that made it is not dead.
+    bool hasClient() const;
+
+    /// The same, and the client is not stopped.
+    bool hasRunningClient() const;
+
     /// How long the lock was seen taken, rounded down: never more than was seen.
     std::chrono::milliseconds timeTaken() const;
 
@@ -82,3 +88,6 @@ MailboxLook lookAtMailbox(bool underLock);
 /// Looks again. A lock seen taken in the last look and in this one counts as taken all the while,
 /// which is how a sender sees it too.
 MailboxLook lookAgain(MailboxLook const& last, bool underLock);
+
+/// Looks as often as it takes to tell whether a taken lock is stale: once where it is free.
+MailboxLook lookUntilLockIsJudged();

@@ -5,13 +5,14 @@
 namespace {
 
 constexpr MailboxVerdict verdicts[] = {
-    {MailboxProblem::none, "none", "A client is attached, and its queue has room.", ""},
+    {MailboxProblem::none, "none", "A client is attached, and its queue has room.", "",
+     CheckState::ok},
     {MailboxProblem::missing, "missing", "There is no segment: no client runs on this machine.",
      "Start the client."},
     {MailboxProblem::noRight, "noRight", "This user has no right to the segment.",
-     "Run this as the client's user; 'ipcs -m' shows who that is."},
+     "Run this as the client's user; 'ipcs -m' shows who that is.", CheckState::unknown},
     {MailboxProblem::refused, "refused", "The system refused a step.",
-     "As its own words say; 'ipcs -m' shows the segment."},
+     "As its own words say; 'ipcs -m' shows the segment.", CheckState::unknown},
     {MailboxProblem::abandoned, "abandoned",
      "Nobody is attached: a client that died left this segment.",
      "Start the client, which makes the segment anew; a command sent before that is lost."},
@@ -19,13 +20,14 @@ constexpr MailboxVerdict verdicts[] = {
      "The segment is too small: something else holds the key, or a client of another build.",
      "Find out who made it; owner and creator are shown."},
     {MailboxProblem::lockHeld, "lockHeld", "Somebody holds the lock, which is usual for a moment.",
-     "Look again, or look on with --watch: a lock that stays for 2.5 seconds is stale."},
+     "Look again, or look on with --watch: a lock that stays for 2.5 seconds is stale.",
+     CheckState::ok},
     {MailboxProblem::staleLock, "staleLock",
      "The lock has been taken for 2.5 seconds, most likely by a program that died with it.",
      "Restart the client: senders give up until the segment is made anew."},
     {MailboxProblem::starting, "starting",
      "The format fields are not all written: the client is still starting.",
-     "Look again; if it stays so, restart the client."},
+     "Look again; if it stays so, restart the client.", CheckState::warning},
     {MailboxProblem::wrongFormat, "wrongFormat",
      "The record is not a client's: something else holds the key, or a client of another build.",
      "Find out who made it; owner and creator are shown."},
@@ -43,9 +45,9 @@ constexpr MailboxVerdict verdicts[] = {
      "Continue the client, by SIGCONT or in the debugger that holds it."},
     {MailboxProblem::mayNotSend, "mayNotSend",
      "This user may look at the mailbox but not send: it lacks the right to write.",
-     "Send as the client's user; the owner is shown."},
+     "Send as the client's user; the owner is shown.", CheckState::warning},
     {MailboxProblem::timedOut, "timedOut", "The time ran out before it was so.",
-     "Look once without waiting: that tells what is in the way."},
+     "Look once without waiting: that tells what is in the way.", CheckState::unknown},
 };
 
 MailboxProblem problemOfAccess(LookError error)

@@ -26,12 +26,22 @@ enum class MailboxProblem
     timedOut = 16,
 };
 
+/// How a monitoring system takes it. The value is the exit status of its plugins.
+enum class CheckState
+{
+    ok = 0,
+    warning = 1,
+    critical = 2,
+    unknown = 3,
+};
+
 struct MailboxVerdict
 {
     MailboxProblem problem;
     char const* word;   ///< For programs.
     char const* what;   ///< What is wrong, as a sentence.
     char const* advice; ///< What to do; empty for nothing.
+    CheckState check = CheckState::critical;
 
     int status() const { return static_cast<int>(problem); }
 };

@@ -3,6 +3,7 @@
 /// segment. docs/man/mailboxView.1 has the options.
 
 #include "sender/qvVersion.h"
+#include "viewer/mailboxMonitor.h"
 #include "viewer/mailboxWatch.h"
 #include "viewer/viewOptions.h"
 
@@ -31,6 +32,10 @@ int run(ViewOptions const& options)
     case ViewTask::waitEmpty:
     case ViewTask::waitClient:
         return waitForMailbox(options);
+    case ViewTask::check:
+        return checkMailbox(options);
+    case ViewTask::metrics:
+        return printMetrics();
     case ViewTask::help:
         printHelp();
         return std::fflush(stdout) == 0 ? 0 : viewFailed;
@@ -50,6 +55,8 @@ int main(int argc, char** argv)
     ViewOptions const options = readOptions(argc, argv, error);
     if (error[0] == '\0')
         return run(options);
+    if (options.task == ViewTask::check)
+        return failCheck(error);
     std::fprintf(stderr, "mailboxView: %s\n", error);
     printOptions(stderr);
     return viewFailed;

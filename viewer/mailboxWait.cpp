@@ -6,17 +6,10 @@ namespace {
 
 constexpr std::chrono::milliseconds lookEvery{100};
 
-/// Attached to, of the right format, and not left by a dead one.
-bool isClientThere(MailboxLook const& look)
-{
-    return look.read && look.status.shm_nattch != 0 && look.format.isRight() &&
-           look.client.state != ProcessState::dead;
-}
-
 /// While another holds the lock, the count may be ahead of a message.
 bool isReached(ViewTask task, MailboxLook const& look)
 {
-    if (!isClientThere(look))
+    if (!look.hasClient())
         return false;
     return task == ViewTask::waitClient || (look.messageCount == 0 && !look.isLockTaken());
 }

@@ -87,6 +87,36 @@ constexpr Option optionTable[] = {
      .task = ViewTask::look,
      .value = Value::needed,
      .set = [](ViewOptions& options, int value) { options.timeoutSeconds = value; }},
+    {.name = "--check",
+     .shortName = "",
+     .synopsis = "--check",
+     .help = "one line and a status for a monitoring system: OK, WARNING, CRITICAL, UNKNOWN",
+     .tasks = 0,
+     .task = ViewTask::check},
+    {.name = "--warning",
+     .shortName = "-w",
+     .synopsis = "-w N",
+     .help = "warn of more than N messages (15)",
+     .tasks = checking,
+     .task = ViewTask::look,
+     .value = Value::needed,
+     .least = 0,
+     .set = [](ViewOptions& options, int value) { options.warning = value; }},
+    {.name = "--critical",
+     .shortName = "-c",
+     .synopsis = "-c N",
+     .help = "call more than N messages critical (25)",
+     .tasks = checking,
+     .task = ViewTask::look,
+     .value = Value::needed,
+     .least = 0,
+     .set = [](ViewOptions& options, int value) { options.critical = value; }},
+    {.name = "--metrics",
+     .shortName = "",
+     .synopsis = "--metrics",
+     .help = "metrics for Prometheus",
+     .tasks = 0,
+     .task = ViewTask::metrics},
     {.name = "--help",
      .shortName = "-h",
      .synopsis = "-h, --help",
@@ -165,6 +195,8 @@ public:
             readOne();
         if (!hasFailed())
             findConflict();
+        if (hasFailed())
+            findCheck();
         return options_;
     }
 
@@ -230,6 +262,15 @@ private:
                                         : fail(option.name, "goes with other options only");
         if ((waiting & bit(options_.task)) != 0 && options_.timeoutSeconds == 0)
             fail(task_->name, "needs --timeout S");
+    }
+
+    /// Also behind the argument that is wrong: a monitoring system reads a failure its own way.
+    void findCheck()
+    {
+        for (int i = 1; i < argc_; ++i)
+            if (findOption(argv_[i]).option != nullptr &&
+                findOption(argv_[i]).option->task == ViewTask::check)
+                options_.task = ViewTask::check;
     }
 
     int argc_;
