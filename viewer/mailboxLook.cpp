@@ -2,9 +2,9 @@
 
 #include "qv/client/qvClientCommandName.h"
 #include "qv/segment/core/deferredSignals.h"
-#include "qv/segment/core/segmentKey.h"
 #include "qv/segment/qvSharedMemory.h"
 #include "viewer/printable.h"
+#include "viewer/segmentMapping.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -17,7 +17,6 @@ namespace {
 using qvSegment::segmentAttachRights;
 using qvSegment::segmentKey;
 using qvSegment::segmentMissingError;
-using qvSegment::segmentPrefixSize;
 
 constexpr int readRights = 0444;
 
@@ -43,35 +42,6 @@ LookError errorOf(qvSharedMemory const& segment)
 {
     return segment.error() == segmentMissingError ? LookError::missing : errorOf(segment.error());
 }
-
-/// The segment mapped for reading, left without the question of who is the last one out.
-class ReadOnlyMapping
-{
-public:
-    explicit ReadOnlyMapping(int id) : address_(shmat(id, nullptr, SHM_RDONLY)) {}
-
-    ~ReadOnlyMapping()
-    {
-        if (isMapped())
-            shmdt(address_);
-    }
-
-    ReadOnlyMapping(ReadOnlyMapping const&) = delete;
-    ReadOnlyMapping& operator=(ReadOnlyMapping const&) = delete;
-
-    bool isMapped() const { return reinterpret_cast<std::intptr_t>(address_) != -1; }
-
-    unsigned char lockByte() const { return *static_cast<unsigned char const volatile*>(address_); }
-
-    qvClientMailbox const volatile& record() const
-    {
-        auto const* const bytes = static_cast<unsigned char const*>(address_);
-        return *reinterpret_cast<qvClientMailbox const volatile*>(bytes + segmentPrefixSize);
-    }
-
-private:
-    void* address_;
-};
 
 void refuse(MailboxLook& look, char const* step)
 {
@@ -123,7 +93,7 @@ void readRecord(MailboxLook& look, qvClientMailbox const volatile& record)
         look.entries[i] = {record.messageKind[i], record.messageType[i], record.messageValue[i]};
 }
 
-void readFreely(MailboxLook& look, ReadOnlyMapping const& mapping)
+void readFreely(MailboxLook& look, SegmentMapping const& mapping)
 {
     look.lockByte = mapping.lockByte();
     look.time = look.takenFrom = MailboxLook::Clock::now();
@@ -134,7 +104,7 @@ void readFreely(MailboxLook& look, ReadOnlyMapping const& mapping)
 /// leaving does not remove the segment. The hold is on the segment, and the question is asked by
 /// the key: a key that is removed and given to a new segment during the look is outside of it, as
 /// it is for every sender.
-void readUnderLock(MailboxLook& look, ReadOnlyMapping const& mapping)
+void readUnderLock(MailboxLook& look, SegmentMapping const& mapping)
 {
     qvSharedMemory segment(clientSegmentName);
     if (!segment.attach()) {
@@ -203,7 +173,7 @@ MailboxLook lookAtMailbox(bool underLock)
     if (look.recordSize() < clientRecordSize)
         return look;
 
-    ReadOnlyMapping const mapping(look.id);
+    SegmentMapping const mapping(look.id, SHM_RDONLY);
     if (!mapping.isMapped())
         refuse(look, "shmat");
     else if (underLock && look.status.shm_nattch != 0)

@@ -16,3 +16,6 @@ void printMailboxJson(std::FILE* to, MailboxLook const& look, MailboxVerdict con
 
 /// Prints the verdict in one line, the same on all machines where it is the same.
 void printMailboxBrief(std::FILE* to, MailboxLook const& look, MailboxVerdict const& verdict);
+
+/// Prints a process as a line of the text.
+void printProcessLine(std::FILE* to, char const* what, ProcessLook const& process);

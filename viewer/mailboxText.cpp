@@ -22,14 +22,6 @@ void printOwner(std::FILE* to, MailboxLook const& look)
                  isNamed ? ", " : "", rights.uid, rights.gid, rights.mode & 0777u);
 }
 
-void printProcess(std::FILE* to, char const* what, ProcessLook const& process)
-{
-    bool const isNamed = *process.command != '\0';
-    std::fprintf(to, "%-11spid %d%s%s%s, %s%s\n", what, process.pid, isNamed ? " (" : "",
-                 process.command, isNamed ? ")" : "", processStateWord(process.state),
-                 process.pid == getpid() ? ": this viewer" : "");
-}
-
 void printSegment(std::FILE* to, MailboxLook const& look)
 {
     shmid_ds const& status = look.status;
@@ -39,8 +31,8 @@ void printSegment(std::FILE* to, MailboxLook const& look)
     printOwner(to, look);
     std::fprintf(to, "processes  %llu attached\n",
                  static_cast<unsigned long long>(status.shm_nattch));
-    printProcess(to, "client", look.client);
-    printProcess(to, "came last", look.last);
+    printProcessLine(to, "client", look.client);
+    printProcessLine(to, "came last", look.last);
     printTime(to, "attached", status.shm_atime);
     printTime(to, "left", status.shm_dtime);
     printTime(to, "changed", status.shm_ctime);
@@ -136,6 +128,14 @@ void printFacts(std::FILE* to, MailboxLook const& look)
 }
 
 } // namespace
+
+void printProcessLine(std::FILE* to, char const* what, ProcessLook const& process)
+{
+    bool const isNamed = *process.command != '\0';
+    std::fprintf(to, "%-11spid %d%s%s%s, %s%s\n", what, process.pid, isNamed ? " (" : "",
+                 process.command, isNamed ? ")" : "", processStateWord(process.state),
+                 process.pid == getpid() ? ": this viewer" : "");
+}
 
 void printMailboxText(std::FILE* to, MailboxLook const& look, MailboxVerdict const& verdict)
 {

@@ -48,6 +48,8 @@ constexpr MailboxVerdict verdicts[] = {
      "Send as the client's user; the owner is shown.", CheckState::warning},
     {MailboxProblem::timedOut, "timedOut", "The time ran out before it was so.",
      "Look once without waiting: that tells what is in the way.", CheckState::unknown},
+    {MailboxProblem::lockKept, "lockKept", "The lock was not freed, for the reason that is shown.",
+     "See to that reason; restarting the client always frees the lock.", CheckState::unknown},
 };
 
 MailboxProblem problemOfAccess(LookError error)

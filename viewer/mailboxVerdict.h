@@ -24,6 +24,7 @@ enum class MailboxProblem
     clientStopped = 14,
     mayNotSend = 15,
     timedOut = 16,
+    lockKept = 17,
 };
 
 /// How a monitoring system takes it. The value is the exit status of its plugins.

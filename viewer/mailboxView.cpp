@@ -3,6 +3,7 @@
 /// segment. docs/man/mailboxView.1 has the options.
 
 #include "sender/qvVersion.h"
+#include "viewer/freeLock.h"
 #include "viewer/mailboxMonitor.h"
 #include "viewer/mailboxWatch.h"
 #include "viewer/viewOptions.h"
@@ -32,6 +33,8 @@ int run(ViewOptions const& options)
     case ViewTask::waitEmpty:
     case ViewTask::waitClient:
         return waitForMailbox(options);
+    case ViewTask::freeLock:
+        return freeStaleLock();
     case ViewTask::check:
         return checkMailbox(options);
     case ViewTask::metrics:

@@ -294,7 +294,7 @@ class Output(MailboxTest):
         helped = re.findall(r"^ +(\d+)  (\w+) ", run.stdout, re.MULTILINE)
         with open(MANUAL, encoding="utf-8") as manual:
             told = re.findall(r"^\.It (\d+) \((\w+)\)$", manual.read(), re.MULTILINE)
-        self.assertEqual(len(helped), 16)
+        self.assertEqual(len(helped), 17)
         self.assertEqual(told, helped)
 
 
