@@ -17,7 +17,12 @@ foreach(command IN ITEMS qvNodeDispatch qvNodeDispatchStatus) # both shells look
     install(FILES completion/qvNodeDispatch.fish RENAME ${command}.fish
         DESTINATION ${share}/fish/vendor_completions.d COMPONENT tool)
 endforeach()
-install(FILES completion/_qvNodeDispatch DESTINATION ${share}/zsh/site-functions COMPONENT tool)
+install(FILES completion/mailboxView.bash RENAME mailboxView
+    DESTINATION ${share}/bash-completion/completions COMPONENT tool)
+install(FILES completion/mailboxView.fish DESTINATION ${share}/fish/vendor_completions.d
+    COMPONENT tool)
+install(FILES completion/_qvNodeDispatch completion/_mailboxView
+    DESTINATION ${share}/zsh/site-functions COMPONENT tool)
 
 # The library: its folder as it stands.
 install(TARGETS qv EXPORT qv ARCHIVE COMPONENT dev)

@@ -4,6 +4,7 @@
 
 #include <charconv>
 #include <cstring>
+#include <string>
 #include <string_view>
 
 namespace {
@@ -26,12 +27,12 @@ enum class Value
 
 struct Option
 {
-    char const* name;      ///< With its dashes, as the user types it.
-    char const* shortName; ///< Another one, or empty.
-    char const* synopsis;
+    char const* name; ///< With its dashes, as the user types it.
     char const* help;
-    unsigned tasks; ///< Those that it goes with; 0 for an option that is a task.
-    ViewTask task;  ///< If it is one.
+    char const* shortName = "";     ///< Another one.
+    char const* argument = "";      ///< What stands for the value in the help.
+    unsigned tasks = 0;             ///< Those that it goes with; 0 for an option that is a task.
+    ViewTask task = ViewTask::look; ///< If it is one.
     Value value = Value::none;
     int least = 1; ///< Of the value.
     void (*set)(ViewOptions& options, int value) = nullptr;
@@ -39,105 +40,63 @@ struct Option
 
 constexpr Option optionTable[] = {
     {.name = "--json",
-     .shortName = "",
-     .synopsis = "--json",
      .help = "one JSON object per look, on one line",
      .tasks = showing,
-     .task = ViewTask::look,
      .set = [](ViewOptions& options, int) { options.form = ViewForm::json; }},
     {.name = "--brief",
-     .shortName = "",
-     .synopsis = "--brief",
      .help = "the verdict in one line, equal on equal nodes",
      .tasks = showing,
-     .task = ViewTask::look,
      .set = [](ViewOptions& options, int) { options.form = ViewForm::brief; }},
     {.name = "--lock",
-     .shortName = "",
-     .synopsis = "--lock",
      .help = "look under the mailbox's lock",
      .tasks = showing,
-     .task = ViewTask::look,
      .set = [](ViewOptions& options, int) { options.lock = true; }},
     {.name = "--watch",
-     .shortName = "",
-     .synopsis = "--watch [MS]",
      .help = "look every MS milliseconds (1000) until SIGINT or SIGTERM",
-     .tasks = 0,
+     .argument = "MS",
      .task = ViewTask::watch,
      .value = Value::optional,
      .set = [](ViewOptions& options, int value) { options.watchMs = value; }},
     {.name = "--wait-empty",
-     .shortName = "",
-     .synopsis = "--wait-empty",
      .help = "look until a living client has taken all its messages",
-     .tasks = 0,
      .task = ViewTask::waitEmpty},
     {.name = "--wait-client",
-     .shortName = "",
-     .synopsis = "--wait-client",
      .help = "look until a client is there that has started",
-     .tasks = 0,
      .task = ViewTask::waitClient},
     {.name = "--timeout",
-     .shortName = "",
-     .synopsis = "--timeout S",
      .help = "how many seconds to wait, which both need",
+     .argument = "S",
      .tasks = waiting,
-     .task = ViewTask::look,
      .value = Value::needed,
      .set = [](ViewOptions& options, int value) { options.timeoutSeconds = value; }},
     {.name = "--check",
-     .shortName = "",
-     .synopsis = "--check",
-     .help = "one line and a status for a monitoring system: OK, WARNING, CRITICAL, UNKNOWN",
-     .tasks = 0,
+     .help = "one line and a status for a monitoring system",
      .task = ViewTask::check},
     {.name = "--warning",
-     .shortName = "-w",
-     .synopsis = "-w N",
      .help = "warn of more than N messages (15)",
+     .shortName = "-w",
+     .argument = "N",
      .tasks = checking,
-     .task = ViewTask::look,
      .value = Value::needed,
      .least = 0,
      .set = [](ViewOptions& options, int value) { options.warning = value; }},
     {.name = "--critical",
-     .shortName = "-c",
-     .synopsis = "-c N",
      .help = "call more than N messages critical (25)",
+     .shortName = "-c",
+     .argument = "N",
      .tasks = checking,
-     .task = ViewTask::look,
      .value = Value::needed,
      .least = 0,
      .set = [](ViewOptions& options, int value) { options.critical = value; }},
-    {.name = "--metrics",
-     .shortName = "",
-     .synopsis = "--metrics",
-     .help = "metrics for Prometheus",
-     .tasks = 0,
-     .task = ViewTask::metrics},
+    {.name = "--metrics", .help = "metrics for Prometheus", .task = ViewTask::metrics},
     {.name = "--free-lock",
-     .shortName = "",
-     .synopsis = "--free-lock",
      .help = "free a stale lock, where nobody but the client can hold it",
-     .tasks = 0,
      .task = ViewTask::freeLock},
-    {.name = "--help",
-     .shortName = "-h",
-     .synopsis = "-h, --help",
-     .help = "this text",
-     .tasks = 0,
-     .task = ViewTask::help},
-    {.name = "--version",
-     .shortName = "",
-     .synopsis = "--version",
-     .help = "the version",
-     .tasks = 0,
-     .task = ViewTask::version},
+    {.name = "--help", .help = "this text", .shortName = "-h", .task = ViewTask::help},
+    {.name = "--version", .help = "the version", .task = ViewTask::version},
 };
 
-/// An option as it was given: `text` is the argument, `value` what is joined to it.
+/// An option as it was given, with the value that is joined to it.
 struct Given
 {
     Option const* option = nullptr;
@@ -298,6 +257,15 @@ ViewOptions readOptions(int argc, char const* const* argv, char (&error)[200])
 void printOptions(std::FILE* to)
 {
     std::fputs("usage: mailboxView [OPTION]...\n\n", to);
-    for (Option const& option : optionTable)
-        std::fprintf(to, "  %-14s  %s\n", option.synopsis, option.help);
+    for (Option const& option : optionTable) {
+        std::string shown = option.shortName;
+        shown += shown.empty() ? "" : ", ";
+        shown += option.name;
+        std::string const argument = option.argument;
+        if (option.value == Value::optional)
+            shown += " [" + argument + "]";
+        else if (option.value == Value::needed)
+            shown += " " + argument;
+        std::fprintf(to, "  %-16s  %s\n", shown.c_str(), option.help);
+    }
 }

@@ -117,12 +117,7 @@ class FreeLock(MailboxTest):
         self.expect_refused("The client is stopped, and may hold the lock.")
 
     def test_client_dead(self):
-        client = self.real_client()
-        guest = Guest()
-        self.addCleanup(guest.leave)
-        guest.lock_byte(1)
-        client.kill()
-        client.wait()
+        self.dead_client().lock_byte(1)
         self.expect_refused("The client is dead: nobody would take a command.")
 
     def test_nobody_attached(self):

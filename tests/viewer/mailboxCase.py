@@ -12,7 +12,7 @@ import time
 import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "endToEnd"))
-from clientSegment import Segment, attached, remove_leftover
+from clientSegment import Guest, Segment, attached, remove_leftover
 
 VIEW, CLIENT, TOOL, MANUAL = sys.argv[1:]
 
@@ -74,6 +74,16 @@ class MailboxTest(unittest.TestCase):
         self.addCleanup(client.kill)
         self.assertEqual(client.stdout.readline(), "standInClient: ready, segment 0x4EFCFF\n")
         return client
+
+    def dead_client(self):
+        """A segment whose client has been killed, and a stranger attached to it."""
+        client = self.real_client()
+        guest = Guest()
+        self.addCleanup(guest.leave)
+        client.kill()
+        client.wait()
+        self.assertEqual(attached(), 1)
+        return guest
 
     def wait_for_state(self, pid, letter):
         deadline = time.monotonic() + PATIENCE

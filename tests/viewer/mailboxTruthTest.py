@@ -50,16 +50,6 @@ class Rights(MailboxTest):
 
 
 class Client(MailboxTest):
-    def dead_client(self):
-        """A segment whose client has been killed, and a stranger attached to it."""
-        client = self.real_client()
-        guest = Guest()
-        self.addCleanup(guest.leave)
-        client.kill()
-        client.wait()
-        self.assertEqual(attached(), 1)
-        return guest
-
     def test_dead_with_a_stranger_attached(self):
         self.dead_client()
         for options in ([], ["--lock"]):

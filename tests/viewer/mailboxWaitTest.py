@@ -5,7 +5,7 @@ import subprocess
 import time
 
 from mailboxCase import PATIENCE, MailboxTest, main, view
-from clientSegment import MESSAGE_COUNT, RECORD_MARKER, Guest
+from clientSegment import MESSAGE_COUNT, RECORD_MARKER
 
 OUT_OF_TIME = "timedOut: The time ran out before it was so.\n"
 
@@ -69,11 +69,7 @@ class Wait(MailboxTest):
             self.expect_out_of_time("abandoned", task)
 
     def test_dead_client_with_a_stranger(self):
-        client = self.real_client()
-        guest = Guest()
-        self.addCleanup(guest.leave)
-        client.kill()
-        client.wait()
+        self.dead_client()
         for task in ("--wait-empty", "--wait-client"):
             self.expect_out_of_time("clientDead", task)
 
