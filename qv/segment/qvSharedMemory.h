@@ -11,11 +11,26 @@
 /// also one that only attached.
 ///
 /// Failures are told by a false or null result together with `error()` and `errorString()`;
-/// nothing throws or ends the process. An object serves one thread and allocates nothing.
+/// nothing throws or ends the process. An object allocates nothing.
 ///
 /// The lock is cooperative: a byte that is read and then written by plain accesses, without an
 /// owner. Two processes that read 0 at the same moment both take it, and a holder that dies
 /// leaves it taken. The design rests on holders being brief.
+///
+/// Threads: an object serves one thread. Each thread that wants the segment has an object of its
+/// own, and these keep apart by the lock as two processes do. Two threads with one object also
+/// share `locked` and the error state, which nothing protects. A race detector reports the lock and
+/// the record then: plain accesses to a byte order nothing, and it knows no lock in them. It is
+/// right. With an object each it is silent, since each maps the segment at an address of its own;
+/// the two steps of the lock are no safer for that.
+///
+/// Fork: the child has a copy of the object, its own mapping and the same lock byte. If the parent
+/// held the lock, the copy believes that it does, and its `unlock()`, `detach()` or destructor
+/// frees the parent's lock. So a child ends by `_exit` or `exec`, which leave the byte alone, or
+/// the parent forks without the lock; then the child's `detach()` ends the child's mapping only.
+///
+/// Signals: one that runs a handler ends one of the sleeps of `lock()`, so a busy timer makes the
+/// wait shorter than 2.5 seconds. A holder that a signal ends leaves the lock taken.
 ///
 /// The fields are public to be looked at; only the members change them.
 class qvSharedMemory
@@ -62,8 +77,8 @@ public:
     /// @return The record, 8 bytes behind `base`. Null with an error set when not attached.
     void* data();
 
-    /// Takes the lock. Waits for a taken one in at most 25 sleeps of 100 ms. A free lock costs no
-    /// system call.
+    /// Takes the lock. Waits for a taken one in at most 25 sleeps of 100 ms; a handled signal ends
+    /// a sleep early. A free lock costs no system call.
     /// @return False when not attached, when this object holds it already, or when it stays taken.
     bool lock();
 

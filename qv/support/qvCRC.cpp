@@ -2,7 +2,6 @@
 
 #include <bit>
 #include <cstddef>
-#include <cstring>
 
 namespace {
 
@@ -119,19 +118,29 @@ unsigned int qvCRCReflect(unsigned int value, char bits)
     return mirrored;
 }
 
+namespace {
+
+void storeEntry(unsigned index, unsigned int entry)
+{
+    __atomic_store_n(&qvCRCulTable[index], entry, __ATOMIC_RELAXED);
+}
+
+} // namespace
+
 void qvCRCInitialize()
 {
     // The table is linear: entry a ^ b is the XOR of entries a and b. So the entries of the
-    // single bits, each one shift of the one before, give all others.
-    std::memset(qvCRCulTable, 0, sizeof qvCRCulTable);
+    // single bits, each one shift of the one before, give all others. An entry is written once,
+    // with its final value, because other threads may be building or reading the same table.
+    storeEntry(0, 0);
     unsigned int const reflectedPolynomial = qvCRCReflect(polynomial32, 32);
     unsigned int entry = 1;
     for (unsigned bit = 128; bit != 0; bit >>= 1) {
         entry = (entry >> 1) ^ ((entry & 1) != 0 ? reflectedPolynomial : 0);
         for (unsigned i = 0; i < 256; i += 2 * bit)
-            qvCRCulTable[bit + i] = entry ^ qvCRCulTable[i];
+            storeEntry(bit + i, entry ^ __atomic_load_n(&qvCRCulTable[i], __ATOMIC_RELAXED));
     }
-    qvCRCulTableInitialized = true;
+    __atomic_store_n(&qvCRCulTableInitialized, true, __ATOMIC_RELEASE);
 }
 
 void qvCRCPartial(unsigned int* crc, unsigned char const* data, unsigned int length)
@@ -142,7 +151,7 @@ void qvCRCPartial(unsigned int* crc, unsigned char const* data, unsigned int len
 
 unsigned int qvCRCCalc(unsigned char const* data, unsigned int const& length)
 {
-    if (!qvCRCulTableInitialized)
+    if (!__atomic_load_n(&qvCRCulTableInitialized, __ATOMIC_ACQUIRE))
         qvCRCInitialize();
     if (length == 0)
         return 0;

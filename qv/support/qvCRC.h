@@ -8,13 +8,16 @@
 /// plain integers, so a block has the same checksum on every machine. None can fail; none reads
 /// `data` when the length is 0, so null is fine then.
 ///
-/// Threads: once `qvCRCulTable` stands, everything here only reads shared data. A program with
-/// several threads calls `qvCRCInitialize` before it starts them.
+/// Threads: everything here may run at once, also the first `qvCRCCalc` of several threads. Each of
+/// them builds the CRC-32 table then, and all write the same values. A race detector may report
+/// those writes; a program that wants none of it calls `qvCRCInitialize` before it starts threads.
+/// `qvCRCPartial` reads the table without asking for it, so its thread calls `qvCRCInitialize` or
+/// `qvCRCCalc` first, or is started after such a call.
 
 /// Table of the CRC-32, in reflected form: zero at start, filled by `qvCRCInitialize`.
 extern unsigned int qvCRCulTable[256];
 
-/// True once `qvCRCulTable` is complete; never cleared again.
+/// True once `qvCRCulTable` is complete; never cleared again. `qvCRCCalc` reads it atomically.
 extern bool qvCRCulTableInitialized;
 
 /// Table of the CRC-64, in reflected form; a constant.
@@ -29,7 +32,8 @@ extern std::array<std::uint16_t, 256> const crc16tab;
 /// @return The mirrored bits.
 unsigned int qvCRCReflect(unsigned int value, char bits);
 
-/// Builds `qvCRCulTable`, then sets `qvCRCulTableInitialized`. May be called again.
+/// Builds `qvCRCulTable`, then sets `qvCRCulTableInitialized`. May be called again, also while
+/// other threads read the table: it writes the values that are there.
 void qvCRCInitialize();
 
 /// Advances a CRC-32 state over a block, storing it back after every byte. Sets no initial value

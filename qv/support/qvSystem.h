@@ -11,6 +11,7 @@
 /// code that the system refuses, or a longer text, gives "Error %d." with the number.
 _qvString8_allSize<250> qvLastOSError8(int code);
 
-/// Sleeps, in single sleeps of under a second.
+/// Sleeps, in single sleeps of under a second. A signal that runs a handler ends the single sleep
+/// that it falls into; no time is made up for it.
 /// @param ms Milliseconds. 0 and below return at once without a system call.
 void qvSleep(int ms);

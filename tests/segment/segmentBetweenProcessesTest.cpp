@@ -8,10 +8,12 @@
 #include <cerrno>
 #include <chrono>
 #include <climits>
+#include <csignal>
 #include <cstring>
 #include <functional>
 #include <string>
 #include <sys/shm.h>
+#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -302,6 +304,47 @@ TEST_F(SegmentBetweenProcesses, LeavingWhileLockedFreesTheByteForTheOthers)
     }));
     EXPECT_EQ(*owner.lockByte, 0);
     EXPECT_TRUE(owner.lock());
+}
+
+TEST_F(SegmentBetweenProcesses, AChildThatLeavesFreesTheLockOfItsParent)
+{
+    qvSharedMemory owner{name};
+    ASSERT_TRUE(owner.create(56, false, false));
+    ASSERT_TRUE(owner.lock());
+    expectSuccess(startProcess([&] {
+        EXPECT_EQ(attachCount(), 2U);
+        EXPECT_TRUE(owner.locked);
+        EXPECT_TRUE(owner.detach());
+        expectNoError(owner);
+    }));
+    EXPECT_EQ(attachCount(), 1U);
+    EXPECT_TRUE(owner.locked);
+    EXPECT_EQ(*owner.lockByte, 0);
+    qvSharedMemory guest{name};
+    EXPECT_TRUE(guest.attach());
+    EXPECT_TRUE(guest.lock());
+}
+
+TEST_F(SegmentBetweenProcesses, AHandledSignalEndsOneSleepOfAWaiter)
+{
+    qvSharedMemory owner{name};
+    ASSERT_TRUE(owner.create(56, false, false));
+    *owner.lockByte = 1;
+    struct sigaction ignored
+    {};
+    ignored.sa_handler = [](int) {};
+    struct sigaction before
+    {};
+    ASSERT_EQ(sigaction(SIGALRM, &ignored, &before), 0);
+    itimerval const everyTenMs{{0, 10'000}, {0, 10'000}};
+    ASSERT_EQ(setitimer(ITIMER_REAL, &everyTenMs, nullptr), 0);
+    Clock::time_point const start = Clock::now();
+    EXPECT_FALSE(owner.lock());
+    EXPECT_LT(Clock::now() - start, std::chrono::milliseconds(2500));
+    itimerval const never{};
+    setitimer(ITIMER_REAL, &never, nullptr);
+    sigaction(SIGALRM, &before, nullptr);
+    expectError(owner, -1, "lock: unable to get lock");
 }
 
 } // namespace
