@@ -59,6 +59,7 @@ install(DIRECTORY contrib DESTINATION ${toolDocs} COMPONENT tool
     PATTERN "*.sh" PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE
         WORLD_READ WORLD_EXECUTE)
 file(GLOB drawings CONFIGURE_DEPENDS docs/image*.svg)
+install(DIRECTORY examples DESTINATION ${devDocs} COMPONENT dev FILES_MATCHING PATTERN "*.cpp")
 install(FILES docs/memory-images.md ${drawings} DESTINATION ${devDocs}/docs COMPONENT dev)
 install(FILES README.md DESTINATION ${toolDocs} COMPONENT tool)
 install(FILES README.md DESTINATION ${devDocs} COMPONENT dev)

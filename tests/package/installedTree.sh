@@ -61,4 +61,15 @@ for compiler in g++ clang++; do
     expect "$compiler, by find_package" "$said" "$("$scratch/$compiler/consumer")"
 done
 
+# The examples compile where they are installed and need no other header.
+examples=("$prefix"/share/doc/libqv-dev/examples/*.cpp)
+expect 'there are examples' 3 "${#examples[@]}"
+for example in "${examples[@]}"; do
+    name=$(basename "$example" .cpp)
+    g++ -std=c++20 "${warnings[@]}" "${compile[@]}" "$example" "${link[@]}" -o "$scratch/$name" &&
+        built=yes || built=no
+    expect "the example $name is built" yes "$built"
+done
+expect 'an example runs' 'render07 from a record' "$("$scratch/stringInterop" | tail -n 1)"
+
 finish
