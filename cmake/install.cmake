@@ -6,27 +6,10 @@ set(devDocs ${share}/doc/libqv-dev)
 set(qvPackage ${CMAKE_INSTALL_LIBDIR}/cmake/qv)
 set(pkgConfig ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
-# The tool, and what goes with it in a shell.
-install(TARGETS qvNodeDispatch mailboxView RUNTIME COMPONENT tool)
-install(PROGRAMS sender/qvNodeDispatchStatus TYPE BIN COMPONENT tool)
-install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tool
-    FILES_MATCHING PATTERN "*.1")
-foreach(command IN ITEMS qvNodeDispatch qvNodeDispatchStatus) # both shells look for a file so named
-    install(FILES completion/qvNodeDispatch.bash RENAME ${command}
-        DESTINATION ${share}/bash-completion/completions COMPONENT tool)
-    install(FILES completion/qvNodeDispatch.fish RENAME ${command}.fish
-        DESTINATION ${share}/fish/vendor_completions.d COMPONENT tool)
-endforeach()
-install(FILES completion/mailboxView.bash RENAME mailboxView
-    DESTINATION ${share}/bash-completion/completions COMPONENT tool)
-install(FILES completion/mailboxView.fish DESTINATION ${share}/fish/vendor_completions.d
-    COMPONENT tool)
-install(FILES completion/_qvNodeDispatch completion/_mailboxView
-    DESTINATION ${share}/zsh/site-functions COMPONENT tool)
-
 # The library: its folder as it stands.
-install(TARGETS qv EXPORT qv ARCHIVE COMPONENT dev)
-install(DIRECTORY qv TYPE INCLUDE COMPONENT dev FILES_MATCHING PATTERN "*.h")
+install(TARGETS qv EXPORT qv ARCHIVE COMPONENT dev LIBRARY COMPONENT dev)
+install(DIRECTORY qv ${PROJECT_BINARY_DIR}/include/qv TYPE INCLUDE COMPONENT dev
+    FILES_MATCHING PATTERN "*.h")
 install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT dev
     FILES_MATCHING PATTERN "*.3")
 install(DIRECTORY debugger DESTINATION ${share}/qv COMPONENT dev PATTERN __pycache__ EXCLUDE)
@@ -49,19 +32,45 @@ endif()
 if(APPLE)
     set(qvSystemLibraries " -framework CoreFoundation")
 endif()
+if(BUILD_SHARED_LIBS) # a shared library brings them itself
+    set(qvPrivateLibraries "${qvSystemLibraries}")
+    unset(qvSystemLibraries)
+endif()
 configure_file(cmake/qv.pc.in qv.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/qv.pc DESTINATION ${pkgConfig} COMPONENT dev)
 
-# The documents lie to each other as in the tree, so that their links hold.
+# The documents lie to each other as in the tree, so that their links hold; the tool's too, below.
+file(GLOB drawings CONFIGURE_DEPENDS docs/image*.svg)
+install(DIRECTORY examples DESTINATION ${devDocs} COMPONENT dev FILES_MATCHING PATTERN "*.cpp")
+install(FILES docs/memory-images.md ${drawings} DESTINATION ${devDocs}/docs COMPONENT dev)
+install(FILES README.md DESTINATION ${devDocs} COMPONENT dev)
+install(FILES LICENSE RENAME copyright DESTINATION ${devDocs} COMPONENT dev) # Debian's name for it
+
+if(NOT QV_BUILD_TOOL)
+    return()
+endif()
+
+# The tool, and what goes with it in a shell.
+install(TARGETS qvNodeDispatch mailboxView RUNTIME COMPONENT tool)
+install(PROGRAMS sender/qvNodeDispatchStatus TYPE BIN COMPONENT tool)
+install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tool
+    FILES_MATCHING PATTERN "*.1")
+foreach(command IN ITEMS qvNodeDispatch qvNodeDispatchStatus) # both shells look for a file so named
+    install(FILES completion/qvNodeDispatch.bash RENAME ${command}
+        DESTINATION ${share}/bash-completion/completions COMPONENT tool)
+    install(FILES completion/qvNodeDispatch.fish RENAME ${command}.fish
+        DESTINATION ${share}/fish/vendor_completions.d COMPONENT tool)
+endforeach()
+install(FILES completion/mailboxView.bash RENAME mailboxView
+    DESTINATION ${share}/bash-completion/completions COMPONENT tool)
+install(FILES completion/mailboxView.fish DESTINATION ${share}/fish/vendor_completions.d
+    COMPONENT tool)
+install(FILES completion/_qvNodeDispatch completion/_mailboxView
+    DESTINATION ${share}/zsh/site-functions COMPONENT tool)
 install(FILES docs/cookbook.md docs/mailbox.md docs/mailbox.svg DESTINATION ${toolDocs}/docs
     COMPONENT tool)
 install(DIRECTORY contrib DESTINATION ${toolDocs} COMPONENT tool
     PATTERN "*.sh" PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE
         WORLD_READ WORLD_EXECUTE)
-file(GLOB drawings CONFIGURE_DEPENDS docs/image*.svg)
-install(DIRECTORY examples DESTINATION ${devDocs} COMPONENT dev FILES_MATCHING PATTERN "*.cpp")
-install(FILES docs/memory-images.md ${drawings} DESTINATION ${devDocs}/docs COMPONENT dev)
 install(FILES README.md DESTINATION ${toolDocs} COMPONENT tool)
-install(FILES README.md DESTINATION ${devDocs} COMPONENT dev)
-install(FILES LICENSE RENAME copyright DESTINATION ${toolDocs} COMPONENT tool) # Debian's name for it
-install(FILES LICENSE RENAME copyright DESTINATION ${devDocs} COMPONENT dev)
+install(FILES LICENSE RENAME copyright DESTINATION ${toolDocs} COMPONENT tool)

@@ -30,7 +30,7 @@ rm -r "$scratch/first"
 expect 'files that name a folder of this machine' '' \
     "$(grep -rIlF -e "$source_root/" -e "$build" -e "$scratch" "$scratch/moved")"
 expect 'flags of this build that a program would inherit' '' \
-    "$(grep -rE -e '-(fno-|fsanitize|W)' "$scratch"/moved/lib/{cmake,pkgconfig})"
+    "$(grep -rE '^[^#]*-(fno-|fsanitize|W)' "$scratch"/moved/lib/{cmake,pkgconfig})"
 bash "$here/installedTree.sh" "$scratch/moved" "$version"
 
 finish
