@@ -13,7 +13,10 @@ if(qvReleased AND QV_STATIC_TOOL)
     unset(CMAKE_REQUIRED_LINK_OPTIONS)
 endif()
 
+include(cmake/hardening.cmake)
+
 function(qv_for_nodes program)
+    target_link_libraries(${program} PRIVATE qv_hardening)
     target_link_options(${program} PRIVATE -Wl,--gc-sections)
     if(qvReleased AND QV_STATIC_TOOL AND QV_HAS_STATIC_PIE)
         target_link_options(${program} PRIVATE -static-pie)

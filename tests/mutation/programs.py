@@ -16,7 +16,10 @@ TOOL = "qvNodeDispatch"
 # Unlike the release build's -O3 this keeps the branches of the source one by one, and what the
 # source fills or copies at once in one run of moves or one call. Later options override earlier.
 OPTIONS = ("-O1", "-g1", "-w", "-fPIE", "-fno-exceptions", "-fno-rtti", "-fno-tree-vectorize",
-           "-mmemcpy-strategy=libcall:-1:noalign", "-mmemset-strategy=libcall:-1:noalign")
+           "-mmemcpy-strategy=libcall:-1:noalign", "-mmemset-strategy=libcall:-1:noalign",
+           # The release's hardening is the compiler's own: its branches are no mutants.
+           "-fno-stack-protector", "-fno-stack-clash-protection", "-fcf-protection=none",
+           "-U_FORTIFY_SOURCE")
 
 # The capacities of a template are copies of each other. These few are taken: the smallest image of
 # either parity and the one that most programs use; of the older ones an even and an odd one.

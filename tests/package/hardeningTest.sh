@@ -1,0 +1,23 @@
+#!/usr/bin/env bash
+# The tool of the release is built with what cmake/hardening.cmake names.
+#
+#     hardeningTest.sh TOOL OBJECT...
+set -euo pipefail
+# shellcheck source-path=SCRIPTDIR source=../shell/expect.sh
+source "$(dirname "${BASH_SOURCE[0]}")/../shell/expect.sh"
+need readelf binutils
+tool=$1
+shift
+
+calls=$(nm --undefined-only "$@")
+expect 'return addresses are checked' __stack_chk_fail "$(grep -o -m 1 __stack_chk_fail <<<"$calls")"
+expect 'calls of the C library are checked' __printf_chk "$(grep -o -m 1 __printf_chk <<<"$calls")"
+segments=$(readelf --segments --wide "$tool")
+expect 'tables of addresses become read-only' GNU_RELRO "$(grep -o GNU_RELRO <<<"$segments")"
+expect 'no stack is executable' RW "$(sed -nE 's/.*GNU_STACK.* (R.*) 0x.*/\1/p' <<<"$segments" | xargs)"
+if [[ $(uname -m) == x86_64 ]]; then
+    marks=$(for object in "$@"; do readelf --notes "$object" | grep -o 'IBT, SHSTK'; done)
+    expect 'objects with marked targets of jumps' $# "$(grep -c . <<<"$marks")"
+fi
+
+finish
