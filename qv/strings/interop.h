@@ -175,6 +175,21 @@ private:
 template <String16 String>
 Utf8Text(String const&) -> Utf8Text<capacity16<String>>;
 
+/// What prints characters takes this for the text of a string.
+/// @param string The string; an 8-bit one is only viewed.
+/// @return The bytes of an 8-bit string, the UTF-8 of a 16-bit one; it converts to a view.
+template <String8 String>
+std::string_view printable(String const& string)
+{
+    return view(string);
+}
+/// @copydoc printable
+template <String16 String>
+Utf8Text<capacity16<String>> printable(String const& string)
+{
+    return Utf8Text(string);
+}
+
 /// @}
 /// \name Text in
 /// @{
@@ -279,17 +294,10 @@ void print(String const& string, std::ostream& stream)
 namespace qvStrings {
 
 /// Writes the text, with the width and fill of the stream.
-template <qvInterop::String8 String>
+template <qvInterop::FixedString String>
 std::ostream& operator<<(std::ostream& stream, String const& string)
 {
-    return stream << qvInterop::view(string);
-}
-
-/// Writes the text as UTF-8, with the width and fill of the stream.
-template <qvInterop::String16 String>
-std::ostream& operator<<(std::ostream& stream, String const& string)
-{
-    qvInterop::Utf8Text const text(string);
+    auto const text = qvInterop::printable(string);
     return stream << std::string_view(text);
 }
 
@@ -318,22 +326,12 @@ struct std::hash<String>
 
 #ifdef __cpp_lib_format
 /// `std::format` takes a string as it takes a `std::string_view`.
-template <qvInterop::String8 String>
+template <qvInterop::FixedString String>
 struct std::formatter<String> : std::formatter<std::string_view>
 {
     auto format(String const& string, auto& context) const
     {
-        return std::formatter<std::string_view>::format(qvInterop::view(string), context);
-    }
-};
-
-/// The same with the text as UTF-8.
-template <qvInterop::String16 String>
-struct std::formatter<String> : std::formatter<std::string_view>
-{
-    auto format(String const& string, auto& context) const
-    {
-        qvInterop::Utf8Text const text(string);
+        auto const text = qvInterop::printable(string);
         return std::formatter<std::string_view>::format(std::string_view(text), context);
     }
 };
@@ -341,22 +339,12 @@ struct std::formatter<String> : std::formatter<std::string_view>
 
 #if __has_include(<fmt/format.h>)
 /// fmt takes a string as it takes a `std::string_view`.
-template <qvInterop::String8 String>
+template <qvInterop::FixedString String>
 struct fmt::formatter<String> : fmt::formatter<std::string_view>
 {
     auto format(String const& string, auto& context) const
     {
-        return fmt::formatter<std::string_view>::format(qvInterop::view(string), context);
-    }
-};
-
-/// The same with the text as UTF-8.
-template <qvInterop::String16 String>
-struct fmt::formatter<String> : fmt::formatter<std::string_view>
-{
-    auto format(String const& string, auto& context) const
-    {
-        qvInterop::Utf8Text const text(string);
+        auto const text = qvInterop::printable(string);
         return fmt::formatter<std::string_view>::format(std::string_view(text), context);
     }
 };
