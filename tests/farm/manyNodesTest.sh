@@ -19,6 +19,11 @@ expectLine 'clush: render03: exited with exit code 2'
 expectNoLine 'clush: render0[12]: .*'
 expectHeardByBoth Disable
 
+runRecipe view-many
+expectLine 'none: A client is attached, and its queue has room\.'
+expectLine 'missing: There is no segment: no client runs on this machine\.'
+[[ $(grep -c '^none: ' <<<"$text") == 1 ]] || fail "equal nodes are not folded: $text"
+
 runRecipe pdsh
 expectStatus 2
 expectLine 'pdsh@[^:]+: render03: ssh exited with exit code 2'

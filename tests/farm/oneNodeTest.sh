@@ -57,6 +57,11 @@ runRecipeOn render01 view
 expectStatus 0
 runRecipeOn render01 stale
 expectStatus 0
+runRecipeOn render01 check
+expectStatus 0
+runRecipeOn render01 wait
+expectStatus 0
+expectHeard render01 Abort
 runRecipeOn render03 look
 expectNoLine '0x004efcff.*'
 
@@ -68,6 +73,14 @@ chmod +x "$QV_FARM/pause/sleep"
 PATH=$QV_FARM/pause:$PATH runRecipeOn render03 script
 expectStatus 0
 [[ -z $text ]] || fail "the script prints: $text"
+killFrozen
+runRecipeOn render03 remove
+
+startFrozen 1 0
+runRecipeOn render03 free-lock
+expectStatus 0
+run ssh render03 qvNodeDispatchStatus abort
+expectStatus 0
 killFrozen
 runRecipeOn render03 remove
 
