@@ -34,6 +34,9 @@ LEFT_OUT = {
     "qvApplicationPathTest": "QvApplicationPath.GoesByThePath*:QvApplicationPath.TakesALongPath*",
     # Memcheck slows the tool's start a hundredfold, which is not for tests of time and of crowds.
     "endToEndTest": "Lock.*:StandInClient.*:CommandLine.EveryWord*:CommandLine.LengthOfTheWord*",
+    # These look at the tool from outside, step by step or by the microsecond.
+    "deathAtEveryInstructionShort": "*",
+    "signalStormShort": "*",
 }
 # These start the tool.
 WITH_CHILDREN = {"endToEndTest"}
