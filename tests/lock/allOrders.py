@@ -24,7 +24,8 @@ DOCUMENT = HERE.parent.parent / "docs/mailbox.md"
 
 # The switches of the model, and the properties that hold under them.
 HOLD = {
-    "CAPACITY=1 DEATHS": ["ends"], # fair to every process, which takes long; waiting asks for no more
+    # Fairness to every process takes long to look at, and how long the queue is changes no waiting.
+    "CAPACITY=1 DEATHS": ["ends"],
     "DEATHS": ["inside", "bounded"],
     "": ["freed"],
     "CONTENTS DEATHS LOCK_IN_ONE_STEP": ["apart", "kept", "once", "whole", "written"],
