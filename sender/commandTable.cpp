@@ -4,64 +4,69 @@
 
 namespace {
 
-struct Command
-{
-    char const* word;
-    ClientMessage message;
-};
-
-/// All words with a fixed message, in the order in which they are compared.
+/// The blanks of the labels are uneven, intended.
 constexpr Command commands[] = {
-    {"abort", {ClientMessageType::command, 1}},
-    {"enable", {ClientMessageType::command, 2}},
-    {"disable", {ClientMessageType::command, 3}},
-    {"restart", {ClientMessageType::command, 8}},
-    {"abortdisable", {ClientMessageType::command, 15}},
-    {"shutdown", {ClientMessageType::command, 28}},
-    {"UseWorking", {ClientMessageType::command, 6}},
-    {"IgnoreWorking", {ClientMessageType::command, 7}},
-    {"RestartClientExe", {ClientMessageType::command, 8}},
-    {"RestartMachine", {ClientMessageType::command, 10}},
-    {"RestartMachineAfterRender", {ClientMessageType::command, 58}},
-    {"IgnoreCPU", {ClientMessageType::command, 16}},
-    {"ReserveCPUInteractive", {ClientMessageType::command, 17}},
-    {"UseCPUInteractive", {ClientMessageType::command, 18}},
-    {"ReloadAllConfig", {ClientMessageType::command, 23}},
-    {"ConfigSearchForApplications", {ClientMessageType::command, 24}},
-    {"UpdateServiceCfg", {ClientMessageType::command, 25}},
-    {"ShowProcessTree", {ClientMessageType::command, 32}},
-    {"DevDebug", {ClientMessageType::command, 37}},
-    {"checkjob", {ClientMessageType::checkJob, 9}},
+    {"abort", "Abort       ", {ClientMessageType::command, 1}},
+    {"enable", "Enable      ", {ClientMessageType::command, 2}},
+    {"disable", "Disable     ", {ClientMessageType::command, 3}},
+    {"restart", "Restart     ", {ClientMessageType::command, 8}},
+    {"abortdisable", "Abortdisable", {ClientMessageType::command, 15}},
+    {"shutdown", "Shutdown    ", {ClientMessageType::command, 28}},
+    {"UseWorking", "UseWorking    ", {ClientMessageType::command, 6}},
+    {"IgnoreWorking", "IgnoreWorking    ", {ClientMessageType::command, 7}},
+    {"RestartClientExe", "RestartClientExe    ", {ClientMessageType::command, 8}},
+    {"RestartMachine", "RestartMachine    ", {ClientMessageType::command, 10}},
+    {"RestartMachineAfterRender",
+     "RestartMachineAfterRender    ",
+     {ClientMessageType::command, 58}},
+    {"IgnoreCPU", "IgnoreCPU    ", {ClientMessageType::command, 16}},
+    {"ReserveCPUInteractive", "ReserveCPUInteractive    ", {ClientMessageType::command, 17}},
+    {"UseCPUInteractive", "UseCPUInteractive    ", {ClientMessageType::command, 18}},
+    {"ReloadAllConfig", "ReloadAllConfig    ", {ClientMessageType::command, 23}},
+    {"ConfigSearchForApplications",
+     "ConfigSearchForApplications    ",
+     {ClientMessageType::command, 24}},
+    {"UpdateServiceCfg", "UpdateServiceCfg    ", {ClientMessageType::command, 25}},
+    {"ShowProcessTree", "ShowProcessTree    ", {ClientMessageType::command, 32}},
+    {"DevDebug", "DevDebug    ", {ClientMessageType::command, 37}},
+    // Not a command code, so what it means stands here and not in the vocabulary.
+    {"checkjob",
+     "Checkjob",
+     {ClientMessageType::checkJob, 9},
+     "Send 'Check Job' to qvServer for rendering job"},
+    {"EventFrameDone", nullptr, {ClientMessageType::frameDone, 0}},
 };
 
-/// The last word of the table, whose value is the second argument. The usage text keeps quiet
-/// about it.
-constexpr char frameDoneWord[] = "EventFrameDone";
-
-/// The message of "EventFrameDone". Without a second argument the word itself is the number's
-/// text, which gives 0 like any other text without leading digits.
-std::optional<ClientMessage> readFrameDone(int argc, char const* const* argv, WorkingText& text)
+std::optional<ClientMessage> messageOf(WorkingText const& word)
 {
-    if (argc >= 3)
-        text = argv[2];
-    auto const value = static_cast<std::uint16_t>(std::atoi(text.asChar()));
-    if (value == 0)
-        return std::nullopt;
-    return ClientMessage{ClientMessageType::frameDone, value};
+    for (Command const& command : commands)
+        if (word.isEqual(command.word.data(), static_cast<int>(command.word.size())))
+            return command.message;
+    return std::nullopt;
 }
 
 } // namespace
 
-std::optional<ClientMessage> readCommand(int argc, char const* const* argv, WorkingText& word)
+std::span<Command const> allCommands()
 {
-    word = argv[1];
-    if (word.startsWith("-"))
-        word.remove(0, 1);
+    return commands;
+}
 
-    for (Command const& command : commands)
-        if (word.isEqual(command.word))
-            return command.message;
-    if (word.isEqual(frameDoneWord))
-        return readFrameDone(argc, argv, word);
-    return std::nullopt;
+Request readCommand(int argc, char const* const* argv)
+{
+    Request request{std::nullopt, argv[1]};
+    if (request.text.startsWith("-"))
+        request.text.remove(0, 1);
+    request.message = messageOf(request.text);
+    if (!request.message || request.message->type != ClientMessageType::frameDone)
+        return request;
+
+    // Without a second argument the word itself is the number's text, which gives 0 like any other
+    // text without leading digits.
+    if (argc >= 3)
+        request.text = argv[2];
+    request.message->value = static_cast<std::uint16_t>(std::atoi(request.text.asChar()));
+    if (request.message->value == 0)
+        request.message.reset();
+    return request;
 }

@@ -4,9 +4,30 @@
 #include "sender/workingText.h"
 
 #include <optional>
+#include <span>
+#include <string_view>
 
-/// Turns the command line into a message. `argc` is at least 2. The word, cut at 250 characters
-/// and without one leading "-", is left in `word`; after "EventFrameDone" the number's text is.
-/// Nothing for an unknown word, or for a number whose low 16 bits are 0; then `word` is what to
-/// show.
-std::optional<ClientMessage> readCommand(int argc, char const* const* argv, WorkingText& word);
+/// A word that the tool accepts: what it sends, and what the usage text says of it.
+struct Command
+{
+    std::string_view word; ///< Compared ignoring case.
+    char const* label;     ///< The word in the usage text, blanks included; null: not listed there.
+    ClientMessage message; ///< The value of a `frameDone` is the second argument instead.
+    char const* meaning = nullptr; ///< For the usage text; null: the name of the command code.
+};
+
+/// All words, in the order in which they are compared and listed.
+std::span<Command const> allCommands();
+
+/// What a command line asks for.
+struct Request
+{
+    /// Nothing for an unknown word, or for a number whose low 16 bits are 0.
+    std::optional<ClientMessage> message;
+    /// The word, cut at 250 characters and without one leading "-"; behind "EventFrameDone" the
+    /// number's text. It is what to show of a command that is unknown.
+    WorkingText text;
+};
+
+/// Reads the command line. `argc` is at least 2.
+Request readCommand(int argc, char const* const* argv);

@@ -30,10 +30,10 @@ int main(int argc, char** argv)
         return 0;
     }
 
-    WorkingText word;
-    if (auto const message = readCommand(argc, argv, word))
-        sendMessage(*message);
+    Request const request = readCommand(argc, argv);
+    if (request.message)
+        sendMessage(*request.message);
     else
-        outcome::unknownCommand(word);
+        outcome::unknownCommand(request.text);
     return 0;
 }

@@ -38,6 +38,5 @@ finish() {
 
 # The words of the tool's command table, in its order.
 commandWords() {
-    sed -nE 's/^ +\{"(\w+)", \{ClientMessageType::.*/\1/p
-             s/^constexpr char frameDoneWord\[\] = "(\w+)";/\1/p' "$1"
+    sed -nE '/ commands\[\] = \{$/,/^\};/s/^ +\{"(\w+)",.*/\1/p' "$1"
 }
