@@ -34,6 +34,6 @@ int main(int argc, char** argv)
     if (request.message)
         sendMessage(*request.message);
     else
-        outcome::unknownCommand(request.text);
+        print({Outcome::Kind::unknownCommand, request.text});
     return 0;
 }

@@ -27,35 +27,14 @@ void printFailure(char const* what, WorkingText const& reason)
 #pragma GCC diagnostic pop
 }
 
-} // namespace
-
-void outcome::unknownCommand(WorkingText const& word)
-{
-    std::printf("Unknown command %s\n", word.asChar());
-}
-
-void outcome::attachFailed(WorkingText const& reason)
-{
-    printFailure("++++ Unable to attach shared memory! ", reason);
-}
-
-void outcome::accessFailed(WorkingText const& reason)
-{
-    printFailure("++++ Unable to access shared memory data! ", reason);
-}
-
-void outcome::lockFailed(WorkingText const& reason)
-{
-    printFailure("++++ Unable to lock shared memory data! ", reason);
-}
-
-void outcome::wrongSize(int size)
+/// Worded as an inequality although the record's size is a minimum.
+void printWrongSize(int size)
 {
     printVersion();
     std::printf("++++ Shared memory has wrong data size! (%d!=%d)\n", size, clientRecordSize);
 }
 
-void outcome::wrongFormat(qvClientFormat const& found)
+void printWrongFormat(qvClientFormat const& found)
 {
     printVersion();
     std::printf("++++ Shared memory has wrong data format! (%d!=%d  %d!=%d  %d!=%d)\n",
@@ -63,13 +42,35 @@ void outcome::wrongFormat(qvClientFormat const& found)
                 clientStateMarker, found.stateFlag, clientStateFlag);
 }
 
-void outcome::queueFull()
-{
-    printVersion();
-    std::puts(" qvNodedispatch: Message buffer is full!");
-}
+} // namespace
 
-void outcome::stored()
+void print(Outcome const& outcome)
 {
-    std::puts("Command send.\n"); // with the line's own end a blank line follows, intended
+    switch (outcome.kind) {
+    case Outcome::Kind::stored:
+        std::puts("Command send.\n"); // with the line's own end a blank line follows, intended
+        break;
+    case Outcome::Kind::unknownCommand:
+        std::printf("Unknown command %s\n", outcome.reason.asChar());
+        break;
+    case Outcome::Kind::attachFailed:
+        printFailure("++++ Unable to attach shared memory! ", outcome.reason);
+        break;
+    case Outcome::Kind::wrongSize:
+        printWrongSize(outcome.size);
+        break;
+    case Outcome::Kind::accessFailed:
+        printFailure("++++ Unable to access shared memory data! ", outcome.reason);
+        break;
+    case Outcome::Kind::lockFailed:
+        printFailure("++++ Unable to lock shared memory data! ", outcome.reason);
+        break;
+    case Outcome::Kind::wrongFormat:
+        printWrongFormat(outcome.format);
+        break;
+    case Outcome::Kind::queueFull:
+        printVersion();
+        std::puts(" qvNodedispatch: Message buffer is full!");
+        break;
+    }
 }

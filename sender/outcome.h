@@ -3,29 +3,30 @@
 #include "qv/client/qvClientMailbox.h"
 #include "sender/workingText.h"
 
-/// How a run ends, in words: the one place that maps an outcome to its text on standard output.
-/// Scripts compare these lines, so every byte is fixed. Failures of the segment and the record
-/// are printed straight behind the version, on its line.
-namespace outcome {
+/// How a run ends, as data: found here, worded by `print()`.
+struct Outcome
+{
+    enum class Kind : unsigned char
+    {
+        stored,         ///< The entry is in the queue.
+        unknownCommand, ///< The word is in no table, or the number of "EventFrameDone" is 0 in its
+                        ///< low 16 bits.
+        attachFailed,   ///< The client's segment cannot be attached.
+        wrongSize,      ///< The segment is too small for the record.
+        accessFailed,   ///< The record has no address.
+        lockFailed,     ///< The lock was not obtained.
+        wrongFormat,    ///< A format field is wrong.
+        queueFull,      ///< The queue holds all it can; the command is lost.
+    };
 
-/// The word is in no table, or the number of "EventFrameDone" is 0 in its low 16 bits.
-void unknownCommand(WorkingText const& word);
+    Kind kind;
+    WorkingText reason;      ///< The segment's own text of a failure; of an unknown command what to
+                             ///< show of it.
+    int size = 0;            ///< Of a wrong size: that of the record.
+    qvClientFormat format{}; ///< Of a wrong format: all three fields, also those that agree.
+};
 
-/// The client's segment cannot be attached, its record not reached, its lock not taken.
-void attachFailed(WorkingText const& reason);
-void accessFailed(WorkingText const& reason);
-void lockFailed(WorkingText const& reason);
-
-/// The segment is too small for the record; worded as an inequality although it is a minimum.
-void wrongSize(int size);
-
-/// A format field is wrong; all three are shown, also those that agree.
-void wrongFormat(qvClientFormat const& found);
-
-/// The queue holds all it can; the command is lost.
-void queueFull();
-
-/// The entry stands in the queue.
-void stored();
-
-} // namespace outcome
+/// Prints an outcome to standard output: the one place that maps it to its text. Scripts compare
+/// these lines, so every byte is fixed. Failures of the segment and the record are printed straight
+/// behind the version, on its line.
+void print(Outcome const& outcome);
