@@ -4,9 +4,15 @@
 #include <stdio.h>
 #include <sys/ipc.h>
 #include <sys/shm.h>
+#include <unistd.h>
 
 int main(void)
 {
+    setvbuf(stdout, NULL, _IONBF, 0);
+    isatty(STDOUT_FILENO);
+    sigset_t all, previous, pending;
+    sigfillset(&all);
+    sigprocmask(SIG_BLOCK, &all, &previous);
     int const key = 0x4EFCFF;
     int id = shmget(key, 0, 0660);
     unsigned char volatile* const base = shmat(id, NULL, 0);
@@ -14,20 +20,20 @@ int main(void)
         return 1;
     struct shmid_ds status;
     shmctl(id, IPC_STAT, &status);
-    sigset_t all, previous;
-    sigfillset(&all);
-    sigprocmask(SIG_BLOCK, &all, &previous);
     base[0] = 1;
+    sigpending(&pending);
     unsigned char const count = base[8 + 2001];
     base[8 + 2001] = (unsigned char)(count + 1);
     base[8 + 2002 + count] = 2;
     base[8 + 2032 + count] = 2;
     *(unsigned short volatile*)(base + 8 + 2062 + 2 * count) = 1;
     base[0] = 0;
-    sigprocmask(SIG_SETMASK, &previous, NULL);
-    puts("Command send.\n");
     shmdt((void*)base);
     id = shmget(key, 0, 0444);
     shmctl(id, IPC_STAT, &status);
+    sigpending(&pending);
+    sigprocmask(SIG_SETMASK, &previous, NULL);
+    static char const text[] = "Command send.\n\n";
+    fwrite(text, 1, sizeof text - 1, stdout);
     return 0;
 }

@@ -1,21 +1,33 @@
+#include "qv/segment/core/deferredSignals.h"
 #include "sender/commandTable.h"
 #include "sender/outcome.h"
+#include "sender/outputText.h"
 #include "sender/qvVersion.h"
 #include "sender/sendMessage.h"
 #include "sender/usage.h"
 
-#include <cstdio>
+#include <unistd.h>
 
 namespace {
 
-constexpr char ruler[] = "----------------------------------------------------------------";
-static_assert(sizeof ruler - 1 == 64);
+constexpr char ruler[] = "----------------------------------------------------------------\n";
+static_assert(sizeof ruler - 2 == 64);
 
-void printBanner()
+void addBanner(OutputText& text)
 {
-    std::puts(ruler);
+    text.add(ruler);
     // Two blanks stand between name and number: one here and the one that the version begins with.
-    std::printf("qvNodeDispatch %s      %s\n", qvVersion, "(c) qvNodeDispatch contributors");
+    text.addFormatted("qvNodeDispatch %s      %s\n", qvVersion, "(c) qvNodeDispatch contributors");
+}
+
+void send(ClientMessage const& message, OutputText& text)
+{
+    // Ahead of the wait for the lock, and while signals take effect: a terminal may be stopped.
+    if (isatty(STDOUT_FILENO) != 0)
+        text.show();
+    qvSegment::DeferredSignals const untilTold;
+    if (sendMessage(message, untilTold, text) && untilTold.endsPending())
+        text.show(); // what came of the command is said before the run ends
 }
 
 } // namespace
@@ -24,16 +36,17 @@ void printBanner()
 /// included: callers learn the outcome from the printed text alone.
 int main(int argc, char** argv)
 {
-    printBanner();
+    OutputText text;
+    addBanner(text);
     if (argc < 2) {
-        printUsage();
-        return 0;
+        addUsage(text);
+    } else {
+        Request const request = readCommand(argc, argv);
+        if (request.message)
+            send(*request.message, text);
+        else
+            add(text, {Outcome::Kind::unknownCommand, request.text});
     }
-
-    Request const request = readCommand(argc, argv);
-    if (request.message)
-        sendMessage(*request.message);
-    else
-        print({Outcome::Kind::unknownCommand, request.text});
+    text.show();
     return 0;
 }

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "qv/client/qvClientMailbox.h"
+#include "sender/outputText.h"
 #include "sender/workingText.h"
 
-/// How a run ends, as data: found here, worded by `print()`.
+/// How a run ends, as data: found here, worded by `add()`.
 struct Outcome
 {
     enum class Kind : unsigned char
@@ -26,7 +27,7 @@ struct Outcome
     qvClientFormat format{}; ///< Of a wrong format: all three fields, also those that agree.
 };
 
-/// Prints an outcome to standard output: the one place that maps it to its text. Scripts compare
-/// these lines, so every byte is fixed. Failures of the segment and the record are printed straight
-/// behind the version, on its line.
-void print(Outcome const& outcome);
+/// Appends an outcome's text: the one place that words it. Scripts compare these lines, so every
+/// byte is fixed. Failures of the segment and the record come straight behind the version, on its
+/// line.
+void add(OutputText& text, Outcome const& outcome);

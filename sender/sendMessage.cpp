@@ -1,7 +1,6 @@
 #include "sender/sendMessage.h"
 
 #include "qv/client/qvClientMailbox.h"
-#include "qv/segment/core/deferredSignals.h"
 #include "qv/segment/qvSharedMemory.h"
 #include "sender/outcome.h"
 
@@ -29,39 +28,42 @@ Outcome enqueue(qvClientMailbox volatile& record, ClientMessage const& message)
     return {Outcome::Kind::stored, {}};
 }
 
-Outcome printed(Outcome const& outcome)
+Outcome told(Outcome const& outcome, OutputText& text)
 {
-    print(outcome);
+    add(text, outcome);
     return outcome;
 }
 
 /// The steps between attaching and leaving; the first that fails ends them. What came of the record
-/// is printed before the lock is given back.
-Outcome deliver(qvSharedMemory& segment, ClientMessage const& message)
+/// is worded before the lock is given back.
+std::optional<Outcome> deliver(qvSharedMemory& segment, ClientMessage const& message,
+                               qvSegment::DeferredSignals const& untilTold, OutputText& text)
 {
     int const size = segment.size();
     if (size < clientRecordSize)
-        return printed({Outcome::Kind::wrongSize, {}, size});
+        return told({Outcome::Kind::wrongSize, {}, size}, text);
     auto* const record = static_cast<qvClientMailbox volatile*>(segment.data());
     if (record == nullptr)
-        return printed({Outcome::Kind::accessFailed, segment.errorString()});
+        return told({Outcome::Kind::accessFailed, segment.errorString()}, text);
 
-    qvSegment::DeferredSignals const untilUnlocked;
     if (!segment.lock())
-        return printed({Outcome::Kind::lockFailed, segment.errorString()});
-    Outcome const outcome = printed(enqueue(*record, message));
+        return told({Outcome::Kind::lockFailed, segment.errorString()}, text);
+    std::optional<Outcome> outcome;
+    if (!untilTold.endsPending())
+        outcome = told(enqueue(*record, message), text);
     segment.unlock();
     return outcome;
 }
 
 } // namespace
 
-Outcome sendMessage(ClientMessage const& message)
+std::optional<Outcome> sendMessage(ClientMessage const& message,
+                                   qvSegment::DeferredSignals const& untilTold, OutputText& text)
 {
     qvSharedMemory segment(clientSegmentName);
     if (!segment.attach())
-        return printed({Outcome::Kind::attachFailed, segment.errorString()});
-    Outcome const outcome = deliver(segment, message);
+        return told({Outcome::Kind::attachFailed, segment.errorString()}, text);
+    auto const outcome = deliver(segment, message, untilTold, text);
     segment.detach();
     return outcome;
 }

@@ -3,30 +3,28 @@
 #include "qv/client/qvClientCommandName.h"
 #include "sender/commandTable.h"
 
-#include <cstdio>
-
 namespace {
 
-void printRow(char const* label, char const* meaning)
+void addRow(OutputText& text, char const* label, char const* meaning)
 {
-    std::printf("  %s:  %s\n", label, meaning);
+    text.addFormatted("  %s:  %s\n", label, meaning);
 }
 
 } // namespace
 
-void printUsage()
+void addUsage(OutputText& text)
 {
-    std::puts("qvNodeDispatch send the local client a command.");
-    std::puts("Usage: qvNodeDispatch -command");
-    std::puts("Available commands are:");
+    text.add("qvNodeDispatch send the local client a command.\n");
+    text.add("Usage: qvNodeDispatch -command\n");
+    text.add("Available commands are:\n");
     for (Command const& command : allCommands()) {
         if (command.label == nullptr)
             continue;
         if (command.meaning != nullptr)
-            printRow(command.label, command.meaning);
+            addRow(text, command.label, command.meaning);
         else
-            printRow(command.label,
-                     qvC::qvClientCommandName(static_cast<unsigned char>(command.message.value))
-                         .asChar());
+            addRow(text, command.label,
+                   qvC::qvClientCommandName(static_cast<unsigned char>(command.message.value))
+                       .asChar());
     }
 }

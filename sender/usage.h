@@ -1,4 +1,6 @@
 #pragma once
 
-/// Prints what the tool is for and the commands that it lists, to standard output.
-void printUsage();
+#include "sender/outputText.h"
+
+/// Appends what the tool is for and the commands that it lists.
+void addUsage(OutputText& text);

@@ -19,9 +19,9 @@ namespace {
 // Starts the tool on a segment whose lock is taken, and returns once it sits in its wait. It is
 // attached a few microseconds before it looks at the lock, and while it attaches the system counts
 // it twice.
-Process startWaitingTool(std::vector<std::string> const& arguments)
+Process startWaitingTool(std::vector<std::string> const& arguments, RunOptions const& options = {})
 {
-    Process tool = startTool(arguments);
+    Process tool = startTool(arguments, options);
     double const limit = secondsNow() + 5;
     while (clientSegmentAttachCount() < 2 && secondsNow() < limit)
         nap(0.001);
@@ -98,28 +98,122 @@ TEST(Lock, RecordIsReadAfterTheLockIsTaken)
     EXPECT_TRUE(sameBytes(mailbox.lockByte(0).message(2, 1).bytes(), client.segment()));
 }
 
-// A signal that arrives between the taking and the giving back of the lock has to wait: it would
-// leave the byte set for good and the client deaf. It takes effect as soon as the lock is back.
-TEST(Lock, SignalsWaitUntilItIsGivenBack)
+// Whoever asks a waiting run to end gets his wish, and the command isn't sent. The signal waits
+// until the lock was obtained and given back: it would leave the byte set for good.
+TEST(Lock, CommandOfARunThatWasEndedIsNotSent)
 {
-    for (int const number : {SIGTERM, SIGINT, SIGHUP, SIGQUIT, SIGPIPE}) {
+    for (int const number : {SIGTERM, SIGINT, SIGHUP, SIGQUIT, SIGPIPE, SIGALRM, SIGUSR1, SIGSEGV,
+                             SIGRTMIN, SIGRTMAX}) {
         SCOPED_TRACE(number);
         Mailbox mailbox;
         ClientHolder client(mailbox.lockByte(1));
-        Process tool = startWaitingTool({"abort"});
+        Process tool = startWaitingTool({"RestartMachine"});
         tool.signal(number);
         nap(0.02);
         EXPECT_FALSE(tool.hasEnded());
         client.setLockByte(0);
         RunResult const run = tool.finish();
         EXPECT_EQ(run.endedBySignal, number);
+        EXPECT_EQ(run.output, "");
         EXPECT_EQ(run.errors, "");
-        EXPECT_TRUE(sameBytes(mailbox.lockByte(0).message(2, 1).bytes(), client.segment()));
+        EXPECT_TRUE(sameBytes(mailbox.lockByte(0).bytes(), client.segment()));
         EXPECT_EQ(clientSegmentAttachCount(), 1);
     }
 }
 
-// One that arrives during a wait in vain takes effect too, when the tool has given up.
+// A run that was ended leaves like any other: the last one out removes the segment. The tool is
+// stopped while the client frees the lock and goes.
+TEST(Lock, RunThatWasEndedRemovesTheSegmentAsTheLastOneOut)
+{
+    ClientHolder client(Mailbox().lockByte(1));
+    Process tool = startWaitingTool({"abort"});
+    tool.signal(SIGSTOP);
+    tool.signal(SIGTERM);
+    client.setLockByte(0);
+    client.leave();
+    tool.signal(SIGCONT);
+    EXPECT_EQ(tool.finish().endedBySignal, SIGTERM);
+    EXPECT_FALSE(clientSegmentExists());
+}
+
+// A signal that would not end the run changes nothing: nohup's, one that whoever started the tool
+// has blocked, and those that do nothing by default.
+TEST(Lock, SignalsThatDoNotEndTheRunLetItSend)
+{
+    struct Row
+    {
+        int number;
+        bool isIgnored;
+        bool isBlocked;
+    };
+    for (Row const& row : std::vector<Row>{{SIGHUP, true, false},
+                                           {SIGTERM, true, false},
+                                           {SIGINT, false, true},
+                                           {SIGCHLD, false, false},
+                                           {SIGURG, false, false},
+                                           {SIGWINCH, false, false},
+                                           {SIGCONT, false, false}}) {
+        SCOPED_TRACE(row.number);
+        Mailbox mailbox;
+        ClientHolder client(mailbox.lockByte(1));
+        RunOptions options;
+        options.ignoredSignal = row.isIgnored ? row.number : 0;
+        options.blockedSignal = row.isBlocked ? row.number : 0;
+        Process tool = startWaitingTool({"abort"}, options);
+        tool.signal(row.number);
+        nap(0.02);
+        client.setLockByte(0);
+        expectOutput(tool.finish(), storedOutput);
+        EXPECT_TRUE(sameBytes(mailbox.lockByte(0).message(2, 1).bytes(), client.segment()));
+    }
+}
+
+// One that only stops the tool lets it send first: it would stop with the lock taken.
+TEST(Lock, StopSignalsWaitUntilTheCommandIsSent)
+{
+    for (int const number : {SIGTSTP, SIGTTIN, SIGTTOU}) {
+        SCOPED_TRACE(number);
+        Mailbox mailbox;
+        ClientHolder client(mailbox.lockByte(1));
+        Process tool = startWaitingTool({"abort"});
+        tool.signal(number);
+        nap(0.02);
+        client.setLockByte(0);
+        Bytes const expected = mailbox.lockByte(0).message(2, 1).bytes();
+        double const limit = secondsNow() + 5;
+        while (client.segment() != expected && secondsNow() < limit)
+            nap(0.001);
+        EXPECT_TRUE(sameBytes(expected, client.segment()));
+        while (!tool.hasEnded() && secondsNow() < limit) {
+            tool.signal(SIGCONT);
+            nap(0.01);
+        }
+        expectOutput(tool.finish(), storedOutput);
+    }
+}
+
+// A signal that arrives behind that finds the command stored. The run says so before it ends, and
+// leaves as always.
+TEST(Lock, RunThatHasStoredSaysSoBeforeASignalEndsIt)
+{
+    for (bool const isLastOut : {false, true}) {
+        Mailbox mailbox;
+        ClientHolder client(mailbox);
+        if (isLastOut)
+            client.leave();
+        RunOptions options;
+        options.signalOnLeaving = SIGTERM;
+        RunResult const run = runTool({"abort"}, options);
+        EXPECT_EQ(run.endedBySignal, SIGTERM);
+        EXPECT_EQ(run.output, storedOutput);
+        EXPECT_EQ(clientSegmentExists(), !isLastOut);
+        if (!isLastOut) {
+            EXPECT_TRUE(sameBytes(mailbox.message(2, 1).bytes(), client.segment()));
+        }
+    }
+}
+
+// One that arrives during a wait in vain takes effect too, when the tool has given up and said so.
 TEST(Lock, SignalsTakeEffectAfterAWaitInVain)
 {
     ClientHolder client(Mailbox().lockByte(1));
@@ -127,6 +221,7 @@ TEST(Lock, SignalsTakeEffectAfterAWaitInVain)
     tool.signal(SIGTERM);
     RunResult const run = tool.finish();
     EXPECT_EQ(run.endedBySignal, SIGTERM);
+    EXPECT_EQ(run.output, noLockOutput);
     EXPECT_GE(run.seconds, 2.4);
     EXPECT_EQ(client.lockByte(), 1);
 }

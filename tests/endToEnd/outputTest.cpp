@@ -12,10 +12,12 @@ using namespace endToEnd;
 
 namespace {
 
-RunOptions with(StandardOutput output, bool ignorePipeSignal = false)
+RunOptions with(StandardOutput output, int ignoredSignal = 0)
 {
-    return {
-        .output = output, .ignorePipeSignal = ignorePipeSignal, .withoutSegmentPrivilege = false};
+    RunOptions options;
+    options.output = output;
+    options.ignoredSignal = ignoredSignal;
+    return options;
 }
 
 void expectStoredInSilence(RunOptions const& options)
@@ -56,8 +58,8 @@ TEST(Output, DeviceFull)
 
 TEST(Output, PipeWithoutReaderAndSignalIgnored)
 {
-    expectStoredInSilence(with(StandardOutput::pipeWithoutReader, true));
-    expectRefusedInSilence(with(StandardOutput::pipeWithoutReader, true));
+    expectStoredInSilence(with(StandardOutput::pipeWithoutReader, SIGPIPE));
+    expectRefusedInSilence(with(StandardOutput::pipeWithoutReader, SIGPIPE));
 }
 
 // The signal of the broken pipe may end the tool, as it ends any program, but never with the lock
@@ -93,7 +95,6 @@ TEST(Output, ReaderThatDoesNotReadStopsNoClient)
     EXPECT_TRUE(sameBytes(expected, client.segment()));
 }
 
-// On a terminal each line is written as it ends, also those printed with the lock held.
 TEST(Output, Terminal)
 {
     Mailbox mailbox;
@@ -108,4 +109,65 @@ TEST(Output, Terminal)
     expectOutput(runTool({"abort"}, onTerminal), wrongFormatOutput("517", "3077", "0"));
     EXPECT_EQ(client.lockByte(), 0);
     expectOutput(runTool({}, onTerminal), usageOutput);
+}
+
+// What was said before the wait for the lock is to be seen during it.
+TEST(Output, TerminalShowsTheBannerDuringTheWait)
+{
+    Mailbox mailbox;
+    ClientHolder client(mailbox.lockByte(1));
+    Process tool = startTool({"abort"}, with(StandardOutput::terminal));
+    EXPECT_TRUE(tool.waitForOutput(banner, 5));
+    nap(0.1);
+    EXPECT_EQ(tool.outputSoFar(), banner);
+    EXPECT_FALSE(tool.hasEnded());
+    client.setLockByte(0);
+    expectOutput(tool.finish(), storedOutput);
+    EXPECT_TRUE(sameBytes(mailbox.lockByte(0).message(2, 1).bytes(), client.segment()));
+}
+
+// A user who presses ^S stops the tool, but not the client: it waits ahead of the segment, and a
+// signal ends it there.
+TEST(Output, StoppedTerminalKeepsTheToolAwayFromTheClient)
+{
+    Mailbox const mailbox;
+    ClientHolder client(mailbox);
+    Process tool = startTool({"abort"}, with(StandardOutput::stoppedTerminal));
+    nap(0.3);
+    EXPECT_FALSE(tool.hasEnded());
+    EXPECT_TRUE(sameBytes(mailbox.bytes(), client.segment()));
+    EXPECT_EQ(clientSegmentAttachCount(), 1);
+    tool.signal(SIGINT);
+    EXPECT_EQ(tool.finish().endedBySignal, SIGINT);
+    EXPECT_TRUE(sameBytes(mailbox.bytes(), client.segment()));
+}
+
+// One that is stopped during the wait holds up the words alone: the entry is stored, the lock free,
+// the segment left.
+TEST(Output, TerminalStoppedDuringTheWaitStopsNoClient)
+{
+    for (bool const continues : {true, false}) {
+        Mailbox mailbox;
+        ClientHolder client(mailbox.lockByte(1));
+        Process tool = startTool({"abort"}, with(StandardOutput::terminal));
+        ASSERT_TRUE(tool.waitForOutput(banner, 5));
+        tool.stopTerminal();
+        client.setLockByte(0);
+        Bytes const expected = mailbox.lockByte(0).message(2, 1).bytes();
+        double const limit = secondsNow() + 5;
+        while ((client.segment() != expected || clientSegmentAttachCount() != 1) &&
+               secondsNow() < limit)
+            nap(0.001);
+        EXPECT_TRUE(sameBytes(expected, client.segment()));
+        EXPECT_EQ(clientSegmentAttachCount(), 1);
+        nap(0.1);
+        EXPECT_FALSE(tool.hasEnded());
+        if (continues) {
+            tool.continueTerminal();
+            expectOutput(tool.finish(), storedOutput);
+        } else {
+            tool.signal(SIGINT);
+            EXPECT_EQ(tool.finish().endedBySignal, SIGINT);
+        }
+    }
 }

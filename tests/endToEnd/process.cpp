@@ -13,7 +13,9 @@
 #include <stdexcept>
 #include <sys/mman.h>
 #include <sys/prctl.h>
+#include <sys/ptrace.h>
 #include <sys/resource.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <termios.h>
 #include <unistd.h>
@@ -50,15 +52,15 @@ std::string contentOf(int file)
     return content;
 }
 
-// A pipe or a terminal: the end is where nothing more comes and no writer is left. A program that
-// hangs is left to whoever waits for it.
-std::string readToEnd(int file)
+// A pipe or a terminal: the end is where nothing more comes, for as long as we care to wait, or no
+// writer is left. A program that hangs is left to whoever waits for it.
+std::string readToEnd(int file, int milliseconds = 5000)
 {
     std::string content;
     char block[4096];
     ssize_t count;
     pollfd waiting{file, POLLIN, 0};
-    while (poll(&waiting, 1, 5000) > 0 && (count = read(file, block, sizeof block)) > 0)
+    while (poll(&waiting, 1, milliseconds) > 0 && (count = read(file, block, sizeof block)) > 0)
         content.append(block, static_cast<std::size_t>(count));
     return content;
 }
@@ -99,17 +101,42 @@ int openFullPipe(int& ownEnd)
 }
 
 // What a test program was started with must not show in the programs it starts.
-void restoreSignals(bool ignorePipeSignal)
+void restoreSignals(RunOptions const& options)
 {
     for (int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE})
         ::signal(number, SIG_DFL);
-    if (ignorePipeSignal)
-        ::signal(SIGPIPE, SIG_IGN);
-    sigset_t none;
-    sigemptyset(&none);
-    sigprocmask(SIG_SETMASK, &none, nullptr);
+    if (options.ignoredSignal != 0)
+        ::signal(options.ignoredSignal, SIG_IGN);
+    sigset_t blocked;
+    sigemptyset(&blocked);
+    if (options.blockedSignal != 0)
+        sigaddset(&blocked, options.blockedSignal);
+    sigprocmask(SIG_SETMASK, &blocked, nullptr);
     rlimit const noCoreFile{0, 0};
     setrlimit(RLIMIT_CORE, &noCoreFile);
+}
+
+bool isAtSystemCall(pid_t process, unsigned long number)
+{
+    __ptrace_syscall_info info{};
+    ptrace(PTRACE_GET_SYSCALL_INFO, process, sizeof info, &info);
+    return info.op == PTRACE_SYSCALL_INFO_ENTRY && info.entry.nr == number;
+}
+
+// The process has asked to be traced ahead of its exec, where it stops for the first time.
+void signalAtUnmapping(pid_t process, int number)
+{
+    int status = 0;
+    checked(waitpid(process, &status, 0), "waitpid");
+    ptrace(PTRACE_SETOPTIONS, process, nullptr, PTRACE_O_TRACESYSGOOD | PTRACE_O_EXITKILL);
+    while (WIFSTOPPED(status) && !isAtSystemCall(process, SYS_shmdt)) {
+        ptrace(PTRACE_SYSCALL, process, nullptr, nullptr);
+        checked(waitpid(process, &status, 0), "waitpid");
+    }
+    if (!WIFSTOPPED(status))
+        throw std::runtime_error("the program ended without leaving a segment");
+    kill(process, number);
+    ptrace(PTRACE_DETACH, process, nullptr, nullptr);
 }
 
 } // namespace
@@ -185,6 +212,10 @@ void Process::start(std::string const& program, std::vector<std::string> const& 
     case StandardOutput::terminal:
         programOutput = openTerminal(terminal);
         break;
+    case StandardOutput::stoppedTerminal:
+        programOutput = openTerminal(terminal);
+        checked(tcflow(programOutput, TCOOFF), "tcflow");
+        break;
     case StandardOutput::fullDevice:
         programOutput = checked(open("/dev/full", O_WRONLY | O_CLOEXEC), "/dev/full");
         break;
@@ -201,7 +232,7 @@ void Process::start(std::string const& program, std::vector<std::string> const& 
     startedAt = secondsNow();
     process = checked(fork(), "fork");
     if (process == 0) {
-        restoreSignals(options.ignorePipeSignal);
+        restoreSignals(options);
         // Refused where the right isn't held in the first place, which is as good.
         if (options.withoutSegmentPrivilege)
             prctl(PR_CAPBSET_DROP, CAP_IPC_OWNER, 0, 0, 0);
@@ -210,6 +241,8 @@ void Process::start(std::string const& program, std::vector<std::string> const& 
         else
             close(STDOUT_FILENO);
         dup2(errorFile, STDERR_FILENO);
+        if (options.signalOnLeaving != 0)
+            ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
         execv(program.c_str(), pointers.data());
         std::string const complaint =
             "unable to start " + program + ": " + std::strerror(errno) + "\n";
@@ -219,6 +252,8 @@ void Process::start(std::string const& program, std::vector<std::string> const& 
     }
     if (programOutput >= 0)
         close(programOutput);
+    if (options.signalOnLeaving != 0)
+        signalAtUnmapping(process, options.signalOnLeaving);
 }
 
 void Process::signal(int number) const
@@ -246,9 +281,20 @@ bool Process::hasEnded()
     return process < 0;
 }
 
-std::string Process::outputSoFar() const
+std::string Process::outputSoFar()
 {
-    return outputFile >= 0 ? contentOf(outputFile) : std::string();
+    if (outputFile >= 0)
+        return contentOf(outputFile);
+    if (terminal >= 0)
+        result.output += readToEnd(terminal, 0);
+    return result.output;
+}
+
+void Process::controlTerminal(bool stops) const
+{
+    int const programEnd = checked(open(ptsname(terminal), O_RDWR | O_NOCTTY | O_CLOEXEC), "open");
+    checked(tcflow(programEnd, stops ? TCOOFF : TCOON), "tcflow");
+    close(programEnd);
 }
 
 bool Process::waitForOutput(std::string const& text, double seconds)
@@ -281,7 +327,7 @@ RunResult Process::finish()
         nap(0.0002);
     }
     if (terminal >= 0)
-        result.output = readToEnd(terminal);
+        result.output += readToEnd(terminal);
     else if (outputFile >= 0)
         result.output = outputSoFar();
     result.errors = contentOf(errorFile);

@@ -10,7 +10,8 @@ namespace endToEnd {
 enum class StandardOutput
 {
     captured,          // a file, read back whole
-    terminal,          // a terminal, read back whole: line by line buffering
+    terminal,          // a terminal, read back whole
+    stoppedTerminal,   // a terminal whose user has pressed ^S: it takes nothing until it goes on
     closed,            // no descriptor 1 at all
     fullDevice,        // every write fails with "no space left"
     pipeWithoutReader, // every write fails, and raises SIGPIPE
@@ -20,10 +21,14 @@ enum class StandardOutput
 struct RunOptions
 {
     StandardOutput output = StandardOutput::captured;
-    bool ignorePipeSignal = false;
+    int ignoredSignal = 0; // as nohup does with SIGHUP
+    int blockedSignal = 0;
 
     // Root may enter every segment; without this right the mode bits count for root as well.
     bool withoutSegmentPrivilege = false;
+
+    // Sent when the program asks to unmap its segment. The program runs traced until then.
+    int signalOnLeaving = 0;
 };
 
 struct RunResult
@@ -52,8 +57,10 @@ public:
 
     void signal(int number) const;
     bool hasEnded();
-    std::string outputSoFar() const;
+    std::string outputSoFar(); // of a file or a terminal
     bool waitForOutput(std::string const& text, double seconds);
+    void stopTerminal() const { controlTerminal(true); }
+    void continueTerminal() const { controlTerminal(false); }
 
     // Waits for the end. A process that hangs is killed, and the test fails.
     RunResult finish();
@@ -63,6 +70,7 @@ private:
     void start(std::string const& program, std::vector<std::string> const& argumentVector,
                RunOptions const& options);
     void recordEnd(int waitStatus);
+    void controlTerminal(bool stops) const;
 
     pid_t process = -1;
     int outputFile = -1;

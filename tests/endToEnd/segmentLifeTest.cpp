@@ -23,8 +23,11 @@ int segmentsInTheSystem()
     return info.used_ids;
 }
 
-RunOptions const withoutPrivilege{
-    .output = StandardOutput::captured, .ignorePipeSignal = false, .withoutSegmentPrivilege = true};
+RunOptions const withoutPrivilege = [] {
+    RunOptions options;
+    options.withoutSegmentPrivilege = true;
+    return options;
+}();
 
 } // namespace
 

@@ -194,6 +194,7 @@ SenderScene readScene(ByteReader input)
     readRefusals(input, scene);
     readSegment(input, scene);
     readIntrusions(input, scene);
+    scene.onTerminal = input.flag();
     return scene;
 }
 

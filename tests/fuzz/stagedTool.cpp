@@ -52,12 +52,10 @@ public:
         mapped = false;
     }
 
-    // An outcome arrives in pieces; what counts is where its first one stands between the calls.
-    void print(std::string_view piece)
+    void write(std::string_view text)
     {
-        run.output += piece;
-        if (mapped && !run.steps.back().starts_with("print"))
-            step("print with lock byte " + std::to_string(memory[0]));
+        run.output += text;
+        step("write");
     }
 
     SenderRun finish()
@@ -79,22 +77,21 @@ private:
 
 Stage* stage = nullptr;
 
-ssize_t printOnStage(void*, char const* data, std::size_t size)
+ssize_t writeOnStage(void*, char const* data, std::size_t size)
 {
-    stage->print({data, size});
+    stage->write({data, size});
     return static_cast<ssize_t>(size);
 }
 
-// Leads standard output onto the stage, piece by piece.
+// Leads standard output onto the stage, write by write as the tool asks for it.
 class OutputOnStage
 {
 public:
     OutputOnStage() : usual(stdout)
     {
         cookie_io_functions_t functions{};
-        functions.write = printOnStage;
+        functions.write = writeOnStage;
         stdout = fopencookie(nullptr, "w", functions);
-        std::setvbuf(stdout, nullptr, _IONBF, 0);
     }
 
     ~OutputOnStage() { std::fclose(std::exchange(stdout, usual)); }
@@ -145,7 +142,8 @@ SenderRun runTool(SenderScene const& scene)
 
 using qvTest::stage;
 
-// The linker's --wrap fixes these names. Nobody but the tool makes these calls.
+// The linker's --wrap fixes these names. Nobody but the tool makes these calls, except that test
+// programs ask for their own terminal.
 // NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 
@@ -154,6 +152,8 @@ void* __wrap_shmat(int id, void const* address, int flags);
 int __wrap_shmdt(void const* address);
 int __wrap_shmctl(int id, int command, shmid_ds* buffer);
 int __wrap_usleep(useconds_t microseconds);
+int __real_isatty(int file);
+int __wrap_isatty(int file);
 int __wrap___xpg_strerror_r(int code, char* buffer, std::size_t size);
 
 int __wrap_shmget(key_t key, std::size_t size, int flags)
@@ -208,6 +208,16 @@ int __wrap_shmctl(int id, int command, shmid_ds* buffer)
 int __wrap_usleep(useconds_t microseconds)
 {
     stage->step("usleep(" + std::to_string(microseconds) + ")");
+    return 0;
+}
+
+int __wrap_isatty(int file)
+{
+    if (stage == nullptr)
+        return __real_isatty(file);
+    if (file == STDOUT_FILENO && stage->scene.onTerminal)
+        return 1;
+    errno = ENOTTY;
     return 0;
 }
 

@@ -5,9 +5,9 @@
 namespace qvTest {
 
 // Runs the tool in this process, from its first line to its last, inside the scene. The program is
-// linked with --wrap for the calls of System V shared memory, usleep and __xpg_strerror_r: the
-// scene answers them, where tests of the segment alone script answers call by call. The segment
-// is allocated to its exact size, and freed when the tool unmaps it.
+// linked with --wrap for the calls of System V shared memory, usleep, isatty and
+// __xpg_strerror_r: the scene answers them, where tests of the segment alone script answers call by
+// call. The segment is allocated to its exact size, and freed when the tool unmaps it.
 SenderRun runTool(SenderScene const& scene);
 
 } // namespace qvTest

@@ -36,6 +36,7 @@ public:
             send(*message);
         else
             print(endToEnd::unknownOutput(shown));
+        step("write");
         return std::move(run);
     }
 
@@ -87,6 +88,8 @@ private:
 
     void send(Message const& message)
     {
+        if (scene.onTerminal)
+            step("write"); // the banner
         if (attach())
             deliver(message);
         else
@@ -244,12 +247,8 @@ private:
         print(endToEnd::banner + endToEnd::versionText + message);
     }
 
-    void print(std::string const& wholeOutput)
-    {
-        run.output = wholeOutput;
-        if (mapped)
-            step("print with lock byte " + std::to_string(run.segment[0]));
-    }
+    // Written at the end of the run, whatever is found between.
+    void print(std::string const& wholeOutput) { run.output = wholeOutput; }
 
     void step(std::string const& called)
     {

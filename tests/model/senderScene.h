@@ -33,6 +33,7 @@ struct SenderScene
     std::uint64_t sizeTold = 0;
     unsigned long attachedToldOnLeaving = 0;
     bool mappedAtNull = false;
+    bool onTerminal = false; // standard output is one
 
     Refusal lookUp; // in the order of the calls
     Refusal mapping;
@@ -54,8 +55,7 @@ struct SenderScene
     }
 };
 
-// What the run leaves behind. A step is a system call, or the printing of the outcome while the
-// segment is mapped.
+// What the run leaves behind. A step is a system call; how much a write writes is not told.
 struct SenderRun
 {
     std::string output;

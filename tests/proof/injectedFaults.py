@@ -32,7 +32,8 @@ class Scene(NamedTuple):
     stores: bool = False  # an undisturbed run adds its entry
     attached: bool = True  # a client is there; else the tool is the last one out
     run: object = toolRun.run_into_file
-    calls: tuple = ("shmget", "shmat", "shmctl", "shmdt", "write", "rt_sigprocmask")
+    calls: tuple = ("shmget", "shmat", "shmctl", "shmdt", "write", "ioctl", "rt_sigprocmask",
+                    "rt_sigpending")
 
 
 SCENES = [
@@ -64,7 +65,9 @@ def manual_page_errors():
     errors = {
         "write": "EAGAIN EBADF EDESTADDRREQ EDQUOT EFAULT EFBIG EINTR EINVAL EIO ENOSPC EPERM"
         " EPIPE".split(),
+        "ioctl": ["EBADF", "EFAULT", "EINVAL", "ENOTTY"],
         "rt_sigprocmask": ["EFAULT", "EINVAL"],
+        "rt_sigpending": ["EFAULT"],
         "clock_nanosleep": ["EFAULT", "EINTR", "EINVAL", "EOPNOTSUPP"],
     }
     for call, table in re.findall(r"(\w+)Errors\[\] = {(.*?)};", TABLES.read_text(), re.S):
@@ -91,11 +94,11 @@ def expected_words(scene, undisturbed, call, error, occurrence):
         return "".join(lines[:2]) + f"{version}++++ Unable to attach shared memory! {reason}\n"
     if call != "write":
         return undisturbed
-    # A write that fails loses its text: all that the run had to say, or a line on a terminal. The
-    # outcome and its blank line are one print, which ends where it fails.
+    # A write that fails loses its text: all that the run had to say, or on a terminal the two lines
+    # of the banner or the rest.
     if scene.run == toolRun.run_into_file:
         return ""
-    return "".join(lines[:occurrence - 1] + (lines[occurrence:] if occurrence < 3 else []))
+    return "".join(lines[2:] if occurrence == 1 else lines[:2])
 
 
 def expected_segment(scene, call, occurrence):

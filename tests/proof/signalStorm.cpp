@@ -2,7 +2,8 @@
 //
 //     signalStorm [SEED [RUNS]]
 //
-// A signal may end or stop a run anywhere but with the lock taken or the entry half written.
+// A signal may end or stop a run anywhere but with the lock taken or the entry half written. One
+// that came under the lock finds the command sent, and then the run says so, or not sent at all.
 #include "tests/endToEnd/clientSegment.h"
 #include "tests/proof/figures.h"
 #include "tests/proof/laidSegment.h"
@@ -17,6 +18,7 @@
 #include <fcntl.h>
 #include <random>
 #include <stdexcept>
+#include <string>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -29,8 +31,7 @@ namespace {
 
 constexpr std::array signals{SIGINT, SIGTERM, SIGHUP, SIGPIPE, SIGTSTP};
 
-// The user's terminal: there the outcome is written while the lock is held, which is the longest
-// that a run ever holds it. Nobody reads it, it is only kept from filling up.
+// The user's terminal.
 class Terminal
 {
 public:
@@ -50,11 +51,14 @@ public:
         close(ownEnd);
     }
 
-    void drain() const
+    // All that was written since the last time.
+    std::string text() const
     {
-        std::array<char, 4096> text;
-        while (read(ownEnd, text.data(), text.size()) > 0)
-            ;
+        std::string whole;
+        std::array<char, 4096> part;
+        for (ssize_t count; (count = read(ownEnd, part.data(), part.size())) > 0;)
+            whole.append(part.data(), static_cast<std::size_t>(count));
+        return whole;
     }
 
     int toolsEnd;
@@ -133,7 +137,8 @@ TEST(SignalStorm, LeavesNoLockTakenAndNoHalfEntry)
         while (Clock::now() < end && !(isAimed && segment.isLockTaken()))
             ;
         kill(tool, number);
-        sentUnderLock += segment.isLockTaken();
+        bool const isSentUnderLock = segment.isLockTaken();
+        sentUnderLock += isSentUnderLock;
 
         int status = awaitChange(tool);
         if (WIFSTOPPED(status)) {
@@ -147,18 +152,22 @@ TEST(SignalStorm, LeavesNoLockTakenAndNoHalfEntry)
         ASSERT_EQ(left.at(0), 0) << "lock byte left taken";
         bool const isStored = left == after;
         ASSERT_TRUE(isStored || sameBytes(before, left)) << "half an entry";
+        bool const saidSo = terminal.text().find("Command send.") != std::string::npos;
         if (WIFSIGNALED(status)) {
             ASSERT_EQ(WTERMSIG(status), number);
             ++endedBySignal;
             storedThenEnded += isStored;
+            if (isSentUnderLock) {
+                ASSERT_EQ(saidSo, isStored);
+            }
         } else {
             ASSERT_EQ(status, 0);
             ASSERT_TRUE(isStored);
+            ASSERT_TRUE(saidSo);
         }
         stored += isStored;
         ASSERT_TRUE(segment.isOursAlone());
         segment.layAgain();
-        terminal.drain();
     }
     EXPECT_GT(endedBySignal, 0);
     EXPECT_GT(stored, 0);

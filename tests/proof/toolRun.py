@@ -35,7 +35,7 @@ def run_into_file(command):
 
 
 def run_on_terminal(command):
-    """There every line is written as it ends, also those that the tool prints under the lock."""
+    """There the banner is written ahead of all that the tool does, and the rest behind it."""
     own_end, programs_end = pty.openpty()
     tty.setraw(programs_end)
     run = subprocess.run(command, stdout=programs_end, stderr=subprocess.PIPE, check=False)

@@ -30,8 +30,7 @@ std::string const unmap = "shmdt(base)";
 std::string const findAgain = "shmget(0x4EFCFF, 0, 0x124)";
 std::string const countAttached = "shmctl(8, IPC_STAT)";
 std::string const removeSegment = "shmctl(8, IPC_RMID)";
-std::string const printLocked = "print with lock byte 1";
-std::string const printUnlocked = "print with lock byte 0";
+std::string const writeOut = "write";
 
 // "abort" on a machine whose client is attached and whose system grants every call.
 SenderScene sceneWith(Mailbox const& mailbox)
@@ -69,7 +68,7 @@ TEST(ToolRun, TouchesNoSegmentWithoutAWord)
          {std::vector<std::string>{}, {"qvNodeDispatch"}}) {
         SenderScene scene = sceneWith(Mailbox());
         scene.arguments = arguments;
-        expectRun(scene, {}, endToEnd::usageOutput, Mailbox());
+        expectRun(scene, {writeOut}, endToEnd::usageOutput, Mailbox());
     }
 }
 
@@ -77,15 +76,15 @@ TEST(ToolRun, TouchesNoSegmentForAnUnknownCommand)
 {
     SenderScene scene = sceneWith(Mailbox());
     scene.arguments = {"qvNodeDispatch", "-nonsense"};
-    expectRun(scene, {}, endToEnd::unknownOutput("nonsense"), Mailbox());
+    expectRun(scene, {writeOut}, endToEnd::unknownOutput("nonsense"), Mailbox());
     scene.arguments = {"qvNodeDispatch", "EventFrameDone", "65536"};
-    expectRun(scene, {}, endToEnd::unknownOutput("65536"), Mailbox());
+    expectRun(scene, {writeOut}, endToEnd::unknownOutput("65536"), Mailbox());
 }
 
-// What became of the record is printed before the lock is given back.
-TEST(ToolRun, PrintsTheOutcomeUnderTheLock)
+// The text is written when the segment is left, in one go: nobody who reads it holds up the client.
+TEST(ToolRun, WritesNothingBeforeItHasLeft)
 {
-    Steps const steps = {find, map, measure, printLocked, unmap, findAgain, countAttached};
+    Steps const steps = {find, map, measure, unmap, findAgain, countAttached, writeOut};
     expectRun(sceneWith(Mailbox()), steps, endToEnd::storedOutput, Mailbox().message(2, 1));
 
     Mailbox const full = Mailbox().messageCount(30);
@@ -96,12 +95,25 @@ TEST(ToolRun, PrintsTheOutcomeUnderTheLock)
               otherFormat);
 }
 
+// On a terminal the banner is to be seen before the wait for the lock, and before anything that a
+// stopped terminal could hold up.
+TEST(ToolRun, ShowsTheBannerOnATerminalBeforeItEnters)
+{
+    SenderScene scene = sceneWith(Mailbox());
+    scene.onTerminal = true;
+    expectRun(scene, {writeOut, find, map, measure, unmap, findAgain, countAttached, writeOut},
+              endToEnd::storedOutput, Mailbox().message(2, 1));
+    scene.arguments = {"qvNodeDispatch", "nonsense"};
+    expectRun(scene, {writeOut}, endToEnd::unknownOutput("nonsense"), Mailbox());
+    scene.arguments = {"qvNodeDispatch"};
+    expectRun(scene, {writeOut}, endToEnd::usageOutput, Mailbox());
+}
+
 TEST(ToolRun, RemovesTheSegmentAsTheLastOneOut)
 {
     SenderScene scene = sceneWith(Mailbox());
     scene.attachedToldOnLeaving = 0;
-    expectRun(scene,
-              {find, map, measure, printLocked, unmap, findAgain, countAttached, removeSegment},
+    expectRun(scene, {find, map, measure, unmap, findAgain, countAttached, removeSegment, writeOut},
               endToEnd::storedOutput, Mailbox().message(2, 1));
 }
 
@@ -110,7 +122,7 @@ TEST(ToolRun, GivesUpAfter25SleepsAndLeavesTheLockTaken)
     Mailbox const taken = Mailbox().lockByte(1);
     Steps steps = {find, map, measure};
     steps.insert(steps.end(), 25, "usleep(100000)");
-    steps.insert(steps.end(), {printLocked, unmap, findAgain, countAttached});
+    steps.insert(steps.end(), {unmap, findAgain, countAttached, writeOut});
     expectRun(sceneWith(taken), steps, endToEnd::noLockOutput, taken);
 }
 
@@ -129,7 +141,7 @@ TEST(ToolRun, JudgesTheSizeInSigned32Bits)
         SCOPED_TRACE(row.sizeTold);
         SenderScene scene = sceneWith(Mailbox());
         scene.sizeTold = row.sizeTold;
-        expectRun(scene, {find, map, measure, printUnlocked, unmap, findAgain, countAttached},
+        expectRun(scene, {find, map, measure, unmap, findAgain, countAttached, writeOut},
                   endToEnd::wrongSizeOutput(row.shown), Mailbox());
     }
     for (std::uint64_t const size : {std::uint64_t{0x7FFFFFFF}, turn + 22996}) {
@@ -145,7 +157,7 @@ TEST(ToolRun, TellsThatThereIsNoAddress)
 {
     SenderScene scene = sceneWith(Mailbox().lockByte(1));
     scene.mappedAtNull = true;
-    expectRun(scene, {find, map, measure, findAgain, countAttached},
+    expectRun(scene, {find, map, measure, findAgain, countAttached, writeOut},
               failed("++++ Unable to access shared memory data! Not attached.\n"),
               Mailbox().lockByte(1));
 }
@@ -194,10 +206,8 @@ TEST(ToolRun, TellsWhichCallOfAttachingFailed)
         SenderScene scene = sceneWith(Mailbox());
         scene.systemText = "the system's words";
         scene.*row.call = row.error;
-        // The report is printed before the segment is left.
         Steps steps = row.steps;
-        if (row.call == &SenderScene::sizeQuery)
-            steps.insert(steps.begin() + 3, printUnlocked);
+        steps.push_back(writeOut);
         expectRun(scene, steps,
                   failed(std::string("++++ Unable to attach shared memory! ") + row.reason + "\n"),
                   Mailbox());

@@ -1,0 +1,34 @@
+#include "sender/outputText.h"
+
+#include <algorithm>
+#include <cstdarg>
+#include <cstdio>
+#include <cstring>
+
+OutputText::OutputText()
+{
+    std::setvbuf(stdout, nullptr, _IONBF, 0);
+}
+
+void OutputText::add(char const* text)
+{
+    std::size_t const added = std::min(std::strlen(text), room());
+    std::memcpy(text_ + length_, text, added);
+    length_ += added;
+}
+
+void OutputText::addFormatted(char const* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    int const wanted = std::vsnprintf(text_ + length_, room() + 1, format, arguments);
+    va_end(arguments);
+    if (wanted > 0)
+        length_ += std::min(static_cast<std::size_t>(wanted), room());
+}
+
+void OutputText::show()
+{
+    std::fwrite(text_, 1, length_, stdout);
+    length_ = 0;
+}
