@@ -69,7 +69,7 @@ class KeptBytes8 : public testing::Test
 protected:
     static constexpr std::size_t padAt = ImageOf<S>::spareAt;
 };
-TYPED_TEST_SUITE(KeptBytes8, MainStrings8, CapacityName);
+TYPED_TEST_SUITE(KeptBytes8, MainStrings8, ImageName);
 
 TYPED_TEST(KeptBytes8, DefaultConstructionKeepsThePad)
 {

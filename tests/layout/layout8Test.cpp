@@ -85,7 +85,7 @@ static_assert(imageStands<5000, 5004>());
 template <typename S>
 class Layout8 : public testing::Test
 {};
-TYPED_TEST_SUITE(Layout8, AllStrings8, CapacityName);
+TYPED_TEST_SUITE(Layout8, AllStrings8, ImageName);
 
 TYPED_TEST(Layout8, FieldsAreWhereTheirNamesSay)
 {

@@ -27,7 +27,7 @@ protected:
     /// The receiver under another name, so that compilers do not warn of `s = s` and `s += s`.
     S& self = *string;
 };
-TYPED_TEST_SUITE(Core8Alias, MainStrings8, CapacityName);
+TYPED_TEST_SUITE(Core8Alias, MainStrings8, ImageName);
 
 TYPED_TEST(Core8Alias, PlusAssignOfItselfRepeatsTheTextUntilTheCapacityIsFull)
 {

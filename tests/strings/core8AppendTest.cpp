@@ -40,7 +40,7 @@ protected:
 
     Guarded<S> string;
 };
-TYPED_TEST_SUITE(Core8Append, MainStrings8, CapacityName);
+TYPED_TEST_SUITE(Core8Append, MainStrings8, ImageName);
 
 TYPED_TEST(Core8Append, AddTextIsCutAtTheCapacity)
 {

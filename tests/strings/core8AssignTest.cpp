@@ -33,7 +33,7 @@ protected:
     static constexpr unsigned char oldRest = 0x33;
     Guarded<S> string;
 };
-TYPED_TEST_SUITE(Core8Assign, MainStrings8, CapacityName);
+TYPED_TEST_SUITE(Core8Assign, MainStrings8, ImageName);
 
 TYPED_TEST(Core8Assign, SameTypeTakesStaleTextAlongButNotThePad)
 {

@@ -10,7 +10,7 @@ using namespace guarded;
 template <typename S>
 class Core8Construct : public testing::Test
 {};
-TYPED_TEST_SUITE(Core8Construct, MainStrings8, CapacityName);
+TYPED_TEST_SUITE(Core8Construct, MainStrings8, ImageName);
 
 TYPED_TEST(Core8Construct, DefaultClearsLengthAndTextButNotThePad)
 {

@@ -26,7 +26,7 @@ void forEverySource(Check const& check)
 template <typename S>
 class Core8Overlay : public testing::Test
 {};
-TYPED_TEST_SUITE(Core8Overlay, MainStrings8, CapacityName);
+TYPED_TEST_SUITE(Core8Overlay, MainStrings8, ImageName);
 
 TYPED_TEST(Core8Overlay, AssignmentTakesAsMuchOfAnyCapacityAsFits)
 {

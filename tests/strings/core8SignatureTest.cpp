@@ -24,7 +24,7 @@ constexpr bool exists(Member)
 template <typename S>
 class Core8Signature : public testing::Test
 {};
-TYPED_TEST_SUITE(Core8Signature, MainStrings8, CapacityName);
+TYPED_TEST_SUITE(Core8Signature, MainStrings8, ImageName);
 
 TYPED_TEST(Core8Signature, SmallValuesGoByConstReference)
 {

@@ -14,7 +14,7 @@ class Core8State : public testing::Test
 protected:
     Guarded<S> string;
 };
-TYPED_TEST_SUITE(Core8State, MainStrings8, CapacityName);
+TYPED_TEST_SUITE(Core8State, MainStrings8, ImageName);
 
 // Both names of the text are the array itself, also of a constant.
 TYPED_TEST(Core8State, TextIsReachedByEitherName)

@@ -13,7 +13,7 @@ protected:
     Guarded<S> string;
     Guarded<S> other;
 };
-TYPED_TEST_SUITE(Core8Word, MainStrings8, CapacityName);
+TYPED_TEST_SUITE(Core8Word, MainStrings8, ImageName);
 
 TYPED_TEST(Core8Word, IsEqualFoldsAsciiLettersOnly)
 {

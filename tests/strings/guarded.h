@@ -3,7 +3,7 @@
 /// Helpers for the tests of the 8-bit strings: an object between guard bytes, and ways to look at
 /// its memory image that ask none of its own members.
 
-#include "qv/strings/qvString8.h"
+#include "tests/strings/images.h"
 
 #include <gtest/gtest.h>
 
@@ -26,23 +26,6 @@ using Bytes = std::vector<unsigned char>;
 inline constexpr unsigned char guardByte = 0xA5;
 /// Lies in the storage before an object is constructed on it, so that what is kept shows.
 inline constexpr unsigned char staleByte = 0xAA;
-
-/// Where the fields of a string class lie. Written down here a second time on purpose: the image is
-/// a format, and a test that took it from the class could not see it move.
-template <typename S>
-struct ImageOf;
-
-template <int N>
-struct ImageOf<_qvString8_allSize<N>>
-{
-    static constexpr std::size_t capacity = N;
-    static constexpr std::size_t size = N % 2 == 0 ? N + 4 : N + 3;
-    static constexpr std::size_t lengthAt = 0;
-    static constexpr std::size_t textAt = 2;
-    /// The alignment byte of an even capacity; an odd one has none.
-    static constexpr std::size_t spareAt = N + 3;
-    static constexpr std::size_t spareSize = size - spareAt;
-};
 
 /// An object of the string class S inside storage that was filled with staleByte before the
 /// constructor ran, with Room guard bytes on each side. Any constructor arguments go through.
@@ -215,15 +198,5 @@ using AllCapacities = testing::Types<S<6>, S<7>, S<8>, S<10>, S<12>, S<14>, S<15
 
 using MainStrings8 = MainCapacities<_qvString8_allSize>;
 using AllStrings8 = AllCapacities<_qvString8_allSize>;
-
-/// Names a typed test after the capacity instead of its place in the list.
-struct CapacityName
-{
-    template <typename S>
-    static std::string GetName(int)
-    {
-        return std::to_string(ImageOf<S>::capacity);
-    }
-};
 
 } // namespace guarded

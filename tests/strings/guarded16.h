@@ -1,10 +1,8 @@
 #pragma once
 
-/// What the tests of the 16-bit strings share: the two images for the helpers of guarded.h, and
-/// ways to lay and look at their texts in units that ask none of their own members.
+/// What the typed tests of the 16-bit strings share: ways to lay and look at their texts in units
+/// that ask none of their own members.
 
-#include "qv/strings/qvString.h"
-#include "qv/strings/qvString_old.h"
 #include "tests/strings/guarded.h"
 
 #include <gtest/gtest.h>
@@ -15,38 +13,12 @@
 #include <string_view>
 #include <vector>
 
-namespace guarded {
-
-template <int N>
-struct ImageOf<_qvString<N>>
-{
-    static constexpr std::size_t capacity = N;
-    static constexpr std::size_t size = 2 * N + 6;
-    static constexpr std::size_t lengthAt = 0;
-    /// The word that no member reads.
-    static constexpr std::size_t spareAt = 2;
-    static constexpr std::size_t spareSize = 2;
-    static constexpr std::size_t textAt = 4;
-};
-
-/// The older image has the same fields in the other order.
-template <int N>
-struct ImageOf<_qvString_old<N>>
-{
-    static constexpr std::size_t capacity = N;
-    static constexpr std::size_t size = 2 * N + 6;
-    static constexpr std::size_t textAt = 0;
-    static constexpr std::size_t lengthAt = 2 * N + 2;
-    static constexpr std::size_t spareAt = 2 * N + 4;
-    static constexpr std::size_t spareSize = 2;
-};
-
-} // namespace guarded
-
 namespace images16 {
 
 using guarded::Bytes;
 using guarded::Guarded;
+using guarded::ImageName;
+using guarded::isCurrent;
 using guarded::staleByte;
 using Unit = unsigned short;
 using Units = std::vector<Unit>;
@@ -73,26 +45,11 @@ using AllCapacities16 =
                    S<225>, S<250>, S<500>, S<1000>, S<2500>>;
 
 template <typename S>
-inline constexpr bool isCurrent = false;
-template <int N>
-inline constexpr bool isCurrent<_qvString<N>> = true;
-
-template <typename S>
 inline constexpr std::size_t capacity = guarded::ImageOf<S>::capacity;
 
 /// The capacity as the members take their counts.
 template <typename S>
 inline constexpr int intCapacity = static_cast<int>(capacity<S>);
-
-/// Names a typed test after image and capacity, such as older15.
-struct ImageName
-{
-    template <typename S>
-    static std::string GetName(int)
-    {
-        return (isCurrent<S> ? "current" : "older") + std::to_string(capacity<S>);
-    }
-};
 
 /// The bytes of a text as an image holds them: low byte first.
 inline std::string storedBytes(Text text)

@@ -14,6 +14,10 @@
 
 namespace images8 {
 
+using guarded::familyName;
+using guarded::ImageName;
+using guarded::isCurrent;
+
 /// The images at which the older strings have members, at the capacities that matter: the smallest,
 /// neighbours of a limit, the tool's own, the largest.
 using LegacyImages = testing::Types<
@@ -35,35 +39,11 @@ using BytePairImages =
                    _qvString8_UnevenSize_old<7>, _qvString8_UnevenSize_old<125>>;
 
 template <typename S>
-inline constexpr char const* familyName = nullptr;
-template <int N>
-inline constexpr char const* familyName<_qvString8_allSize<N>> = "current";
-template <int N>
-inline constexpr char const* familyName<_qvString8_evenSize_old<N>> = "even";
-template <int N>
-inline constexpr char const* familyName<_qvString8_UnevenSize_old<N>> = "uneven";
-
-template <typename S>
-inline constexpr bool isCurrent = false;
-template <int N>
-inline constexpr bool isCurrent<_qvString8_allSize<N>> = true;
-
-template <typename S>
 inline constexpr std::size_t capacity = guarded::ImageOf<S>::capacity;
 
 /// The capacity as the members take their counts.
 template <typename S>
 inline constexpr int intCapacity = static_cast<int>(capacity<S>);
-
-/// Names a typed test after image and capacity, such as even14.
-struct ImageName
-{
-    template <typename S>
-    static std::string GetName(int)
-    {
-        return familyName<S> + std::to_string(capacity<S>);
-    }
-};
 
 /// A null text that no overload for another pointer can claim.
 inline constexpr char const* nullText = nullptr;

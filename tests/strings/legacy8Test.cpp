@@ -120,7 +120,7 @@ void withBoth(Check const& check)
 template <typename S>
 class Legacy8 : public testing::Test
 {};
-TYPED_TEST_SUITE(Legacy8, guarded::AllStrings8, guarded::CapacityName);
+TYPED_TEST_SUITE(Legacy8, guarded::AllStrings8, guarded::ImageName);
 
 template <typename L>
 void expectImage(std::size_t lengthAt, std::size_t size)

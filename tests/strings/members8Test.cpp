@@ -165,7 +165,7 @@ TYPED_TEST(SharedMembers8, editing)
 template <typename S>
 class CurrentMembers8 : public testing::Test
 {};
-TYPED_TEST_SUITE(CurrentMembers8, guarded::AllStrings8, guarded::CapacityName);
+TYPED_TEST_SUITE(CurrentMembers8, guarded::AllStrings8, guarded::ImageName);
 
 TYPED_TEST(CurrentMembers8, searchAndComparison)
 {
