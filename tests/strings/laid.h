@@ -28,6 +28,7 @@ inline constexpr unsigned char staleByte = 0xAA;
 
 /// A null text that no overload for another pointer can claim.
 inline constexpr char const* nullText = nullptr;
+inline constexpr void const* nullUnits = nullptr;
 
 class AnyString;
 
@@ -97,6 +98,8 @@ public:
     void const* textAt(std::size_t index = 0) const;
 
     Bytes bytes() const { return {object(), object() + image().size}; }
+    /// The guard bytes behind the object, for the few writes that are laid down to pass its end.
+    Bytes behind() const { return {object() + image().size, storage.data() + storage.size()}; }
     operator Value() const { return {ownImage, bytes()}; }
 
     /// True while all guard bytes are what they were.
@@ -126,6 +129,7 @@ public:
     virtual bool equals(AnyString const& other) const = 0;
     virtual bool equals(char const* s) const = 0;
     virtual bool differs(AnyString const& other) const = 0;
+    virtual bool differs(char const* s) const = 0;
     virtual bool isLess(AnyString const& other) const = 0;
     virtual bool isGreater(AnyString const& other) const = 0;
     virtual int compare(AnyString const& other) const = 0;

@@ -81,6 +81,7 @@ public:
     bool equals(AnyString const& other) const override { return self() == of(other); }
     bool equals(char const* s) const override { return self() == s; }
     bool differs(AnyString const& other) const override { return self() != of(other); }
+    bool differs(char const* s) const override { return self() != s; }
     bool isLess(AnyString const& other) const override { return self() < of(other); }
     bool isGreater(AnyString const& other) const override { return self() > of(other); }
     int compare(AnyString const& other) const override { return self().compare(of(other)); }
