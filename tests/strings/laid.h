@@ -120,6 +120,7 @@ public:
     virtual void add(void const* units, unsigned n) = 0;
     virtual void append(AnyString const& other) = 0;
     virtual void append(Unit c) = 0;
+    virtual void append(char c) = 0;
     virtual void append(char const* s) = 0;
     virtual Value plus(AnyString const& other) = 0;
     virtual Value plus(char c) = 0;
@@ -205,6 +206,7 @@ public:
     virtual int indexOfText(char const* s) = 0;
 
     // The members that take a unit by reference, given a unit of the receiver itself.
+    virtual void appendOwn(std::size_t c) = 0;
     virtual void replaceByOwn(std::size_t a, std::size_t b) = 0;
     virtual void removeOwn(std::size_t c) = 0;
     virtual Value leftNCutByOwn(std::size_t c, bool withSeparator) = 0;

@@ -69,6 +69,7 @@ public:
     void add(void const* units, unsigned n) override { self().add(of(units), n); }
     void append(AnyString const& other) override { self() += of(other); }
     void append(Unit c) override { self() += of(c); }
+    void append(char c) override { self() += c; }
     void append(char const* s) override { self() += s; }
     Value plus(AnyString const& other) override { return valueOf(self() + of(other)); }
     Value plus(char c) override { return valueOf(self() + c); }
@@ -225,6 +226,7 @@ public:
         return -1;
     }
 
+    void appendOwn(std::size_t c) override { self() += self().text[c]; }
     void replaceByOwn(std::size_t a, std::size_t b) override
     {
         self().replace(self().text[a], self().text[b]);
