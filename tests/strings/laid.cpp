@@ -67,6 +67,11 @@ AnyString::AnyString(Image const& image)
       storage(room + image.size + room, guardByte)
 {}
 
+void* AnyString::staleStorage()
+{
+    return std::memset(object(), staleByte, image().size);
+}
+
 void const* AnyString::textAt(std::size_t index) const
 {
     return object() + image().textAt + image().unitSize * index;

@@ -105,6 +105,12 @@ public:
     /// True while all guard bytes are what they were.
     testing::AssertionResult guardsStand() const;
 
+    // The object begins anew: it is constructed on storage full of stale bytes.
+    virtual void construct() = 0;
+    virtual void construct(AnyString const& other) = 0;
+    virtual void construct(char const* s) = 0;
+    virtual void construct(char const* s, int count) = 0;
+
     virtual void clear() = 0;
     virtual void clearUnused() = 0;
     virtual void calcLength() = 0;
@@ -115,6 +121,7 @@ public:
 
     virtual void assign(AnyString const& other) = 0;
     virtual void assign(char const* s) = 0;
+    virtual void assign(Unit c) = 0;
     virtual void add(AnyString const& other) = 0;
     virtual void add(char const* s) = 0;
     virtual void add(void const* units, unsigned n) = 0;
@@ -206,6 +213,7 @@ public:
     virtual int indexOfText(char const* s) = 0;
 
     // The members that take a unit by reference, given a unit of the receiver itself.
+    virtual void assignOwn(std::size_t c) = 0;
     virtual void appendOwn(std::size_t c) = 0;
     virtual void replaceByOwn(std::size_t a, std::size_t b) = 0;
     virtual void removeOwn(std::size_t c) = 0;
@@ -213,6 +221,9 @@ public:
 
 protected:
     explicit AnyString(Image const& image);
+
+    /// The place of the object, full of stale bytes.
+    void* staleStorage();
 
 private:
     static constexpr std::size_t room = 64;

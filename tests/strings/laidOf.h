@@ -48,6 +48,11 @@ class StringOf final : public AnyString
 public:
     StringOf() : AnyString(imageFor<S>) { ::new (object()) S; }
 
+    void construct() override { ::new (staleStorage()) S; }
+    void construct(AnyString const& other) override { ::new (staleStorage()) S(of(other)); }
+    void construct(char const* s) override { ::new (staleStorage()) S(s); }
+    void construct(char const* s, int count) override { ::new (staleStorage()) S(s, count); }
+
     void clear() override { self().clear(); }
     void clearUnused() override { self().clearUnused(); }
     void calcLength() override { self().calcLength(); }
@@ -64,6 +69,7 @@ public:
 
     void assign(AnyString const& other) override { self() = of(other); }
     void assign(char const* s) override { self() = s; }
+    void assign(Unit c) override { self() = of(c); }
     void add(AnyString const& other) override { self().add(of(other)); }
     void add(char const* s) override { self().add(s); }
     void add(void const* units, unsigned n) override { self().add(of(units), n); }
@@ -226,6 +232,7 @@ public:
         return -1;
     }
 
+    void assignOwn(std::size_t c) override { self() = self().text[c]; }
     void appendOwn(std::size_t c) override { self() += self().text[c]; }
     void replaceByOwn(std::size_t a, std::size_t b) override
     {

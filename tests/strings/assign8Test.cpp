@@ -1,4 +1,5 @@
-// Every assignment of the 8-bit string: what it writes, and that nothing else changes.
+/// The assignments of the current 8-bit string that no other has: what each writes, and that
+/// nothing else changes.
 
 #include "tests/strings/core8Rows.h"
 
@@ -7,11 +8,11 @@ namespace {
 using namespace guarded;
 
 template <typename S>
-class Core8Assign : public testing::Test
+class Assign8 : public testing::Test
 {
 protected:
     /// A receiver that holds "old" and 0x33 in every byte behind its terminator.
-    Core8Assign() { string.lay("old", oldRest); }
+    Assign8() { string.lay("old", oldRest); }
 
     /// What the receiver's image has to be after `text` and its terminator were written over it.
     static Bytes written(std::string_view text)
@@ -33,41 +34,9 @@ protected:
     static constexpr unsigned char oldRest = 0x33;
     Guarded<S> string;
 };
-TYPED_TEST_SUITE(Core8Assign, MainStrings8, ImageName);
+TYPED_TEST_SUITE(Assign8, MainStrings8, ImageName);
 
-TYPED_TEST(Core8Assign, SameTypeTakesStaleTextAlongButNotThePad)
-{
-    Guarded<TypeParam> source;
-    source.lay("abcd", 0x55);
-    *this->string = static_cast<TypeParam const&>(*source);
-    EXPECT_EQ(this->string.bytes(),
-              imageBytes<TypeParam>(4, std::string_view{"abcd\0", 5}, 0x55, this->oldRest));
-    EXPECT_TRUE(this->string.guardsStand());
-    EXPECT_EQ(source.bytes(), keptImage<TypeParam>("abcd", 0x55));
-}
-
-TYPED_TEST(Core8Assign, SameTypeWritesNoTerminatorOfItsOwn)
-{
-    Guarded<TypeParam> source;
-    source.lay("abcd", 0x55).layText(4, 'e');
-    *this->string = static_cast<TypeParam const&>(*source);
-    EXPECT_EQ(this->string.bytes(), imageBytes<TypeParam>(4, "abcde", 0x55, this->oldRest));
-}
-
-TYPED_TEST(Core8Assign, TextIsMeasuredIn16BitsAndCutAtTheCapacity)
-{
-    for (SourceRow const& row : sourceRows<TypeParam>()) {
-        SCOPED_TRACE(row.given);
-        std::string const source = letters(row.given);
-        this->string.lay("old", this->oldRest);
-        *this->string = source.c_str();
-        EXPECT_EQ(this->string.bytes(),
-                  this->written(cut<TypeParam>(source.substr(0, row.counted))));
-        EXPECT_TRUE(this->string.guardsStand());
-    }
-}
-
-TYPED_TEST(Core8Assign, NullTextSetsTheLengthAndLeavesTheTextReadable)
+TYPED_TEST(Assign8, nullTextSetsTheLengthAndLeavesTheTextReadable)
 {
     *this->string = static_cast<char const*>(nullptr);
     EXPECT_EQ(this->string.bytes(), this->onlyLengthCleared());
@@ -75,31 +44,7 @@ TYPED_TEST(Core8Assign, NullTextSetsTheLengthAndLeavesTheTextReadable)
     EXPECT_TRUE(this->string->isEmpty());
 }
 
-TYPED_TEST(Core8Assign, EmptyTextWritesTheTerminator)
-{
-    *this->string = "";
-    EXPECT_EQ(this->string.bytes(), this->written(""));
-}
-
-TYPED_TEST(Core8Assign, OneCharacterWritesTwoBytes)
-{
-    for (char const character : {'x', '\x80', '\xFF', '\0'}) {
-        SCOPED_TRACE(static_cast<int>(character));
-        this->string.lay("old", this->oldRest);
-        *this->string = character;
-        EXPECT_EQ(this->string.bytes(), this->written(std::string(1, character)));
-        EXPECT_TRUE(this->string.guardsStand());
-    }
-}
-
-TYPED_TEST(Core8Assign, ZeroCharacterHasLengthOneAndReadsAsEmpty)
-{
-    *this->string = '\0';
-    EXPECT_EQ(lengthOf(*this->string), 1);
-    EXPECT_STREQ(this->string->asChar(), "");
-}
-
-TYPED_TEST(Core8Assign, StandardStringIsCountedIn16BitsAndCutAtTheCapacity)
+TYPED_TEST(Assign8, standardStringIsCountedIn16BitsAndCutAtTheCapacity)
 {
     for (SourceRow const& row : sourceRows<TypeParam>()) {
         SCOPED_TRACE(row.given);
@@ -112,13 +57,13 @@ TYPED_TEST(Core8Assign, StandardStringIsCountedIn16BitsAndCutAtTheCapacity)
     }
 }
 
-TYPED_TEST(Core8Assign, StandardStringKeepsZerosInside)
+TYPED_TEST(Assign8, standardStringKeepsZerosInside)
 {
     *this->string = oddText;
     EXPECT_EQ(this->string.bytes(), this->written(oddText));
 }
 
-TYPED_TEST(Core8Assign, OverlayIsCutAtTheCapacity)
+TYPED_TEST(Assign8, overlayIsCutAtTheCapacity)
 {
     Guarded<_qvString8_allSize<5000>> source;
     for (std::size_t const length : {std::size_t{0}, std::size_t{1}, std::size_t{6},
@@ -132,7 +77,7 @@ TYPED_TEST(Core8Assign, OverlayIsCutAtTheCapacity)
     }
 }
 
-TYPED_TEST(Core8Assign, OverlayWithADamagedLengthIsCutAtTheCapacity)
+TYPED_TEST(Assign8, overlayWithADamagedLengthIsCutAtTheCapacity)
 {
     Guarded<_qvString8_allSize<5000>> source;
     source.lay(letters(5000)).layLength(65535);
@@ -141,7 +86,7 @@ TYPED_TEST(Core8Assign, OverlayWithADamagedLengthIsCutAtTheCapacity)
     EXPECT_TRUE(this->string.guardsStand());
 }
 
-TYPED_TEST(Core8Assign, FromCharTakesItsCountByTheLow16Bits)
+TYPED_TEST(Assign8, fromCharTakesItsCountByTheLow16Bits)
 {
     std::string const source = longSource<TypeParam>();
     for (CountRow const& row : countRows<TypeParam>()) {
@@ -154,7 +99,7 @@ TYPED_TEST(Core8Assign, FromCharTakesItsCountByTheLow16Bits)
     }
 }
 
-TYPED_TEST(Core8Assign, FromCharStopsAtNoZeroAndNeedsNoTerminator)
+TYPED_TEST(Assign8, fromCharStopsAtNoZeroAndNeedsNoTerminator)
 {
     this->string->fromChar(oddText.data(), 5);
     EXPECT_EQ(this->string.bytes(), this->written(oddText));
@@ -165,7 +110,7 @@ TYPED_TEST(Core8Assign, FromCharStopsAtNoZeroAndNeedsNoTerminator)
     EXPECT_EQ(this->string.bytes(), this->written("abc"));
 }
 
-TYPED_TEST(Core8Assign, FromCharOfNullSetsTheLengthAlone)
+TYPED_TEST(Assign8, fromCharOfNullSetsTheLengthAlone)
 {
     for (int const count : {-1, 0, 3, 65541}) {
         SCOPED_TRACE(count);

@@ -1,5 +1,5 @@
-/// Assignment to the 16-bit strings: none of the forms clears what is behind the new terminator,
-/// and the spare word never travels.
+/// Assignment to the 16-bit strings of raw units and of standard strings: none of the forms clears
+/// what is behind the new terminator.
 
 #include "tests/strings/guarded16.h"
 
@@ -23,55 +23,16 @@ class AssignCurrent16 : public testing::Test
 {};
 TYPED_TEST_SUITE(AssignCurrent16, CurrentImages, ImageName);
 
-/// All units travel, stale ones included; the spare word of the receiver stays.
-TYPED_TEST(Assign16, ofAnother)
-{
-    Laid<TypeParam> source(u"abc", 0x33);
-    source.stale(5, u"xyz");
-    Laid<TypeParam> receiver(u"0123456789");
-    TypeParam const& other = *source;
-    *receiver = other;
-    EXPECT_TRUE(areaIs(*receiver, 3, u"abc\0\x3333xyz"sv, 0x33));
-    auto const bytes = receiver.bytes();
-    EXPECT_EQ(bytes[guarded::ImageOf<TypeParam>::spareAt], staleByte);
-    EXPECT_EQ(bytes[guarded::ImageOf<TypeParam>::spareAt + 1], staleByte);
-    EXPECT_TRUE(receiver.guardsStand());
-    EXPECT_TRUE(areaIs(*source, 3, u"abc\0\x3333xyz"sv, 0x33));
-}
-
-TYPED_TEST(Assign16, ofItselfChangesNothing)
-{
-    Laid<TypeParam> receiver(u"abc");
-    auto const before = receiver.bytes();
-    TypeParam const& same = *receiver;
-    *receiver = same;
-    EXPECT_EQ(receiver.bytes(), before);
-}
-
 struct WidenRow
 {
     char const* bytes;
-    Text zeroExtended;
     Text signExtended;
 };
 
 constexpr WidenRow widenRows[] = {
-    {"", u"", u""},
-    {"abc", u"abc", u"abc"},
-    {"\x7F\x80", u"\x7F\x80", u"\x7F\xFF80"},
-    {"\xE4", u"\xE4", u"\xFFE4"},
-    {"a\xFFz", u"a\xFFz", u"a\xFFFFz"},
+    {"", u""},           {"abc", u"abc"},         {"\x7F\x80", u"\x7F\xFF80"},
+    {"\xE4", u"\xFFE4"}, {"a\xFFz", u"a\xFFFFz"},
 };
-
-TYPED_TEST(Assign16, ofTextByZeroExtension)
-{
-    for (auto const& row : widenRows) {
-        Laid<TypeParam> receiver(u"");
-        *receiver = row.bytes;
-        EXPECT_TRUE(
-            became(receiver, row.zeroExtended.size(), std::u16string(row.zeroExtended) + u'\0'));
-    }
-}
 
 TYPED_TEST(AssignCurrent16, ofAStandardStringBySignExtension)
 {
@@ -87,20 +48,12 @@ TYPED_TEST(AssignCurrent16, ofAStandardStringBySignExtension)
 }
 
 /// What stood behind the shorter text stays.
-TYPED_TEST(Assign16, ofAShorterText)
+TYPED_TEST(Assign16, ofShorterUnits)
 {
     auto const units = raw(u"xy");
-    Laid<TypeParam> fromBytes(u"abcdefgh");
-    *fromBytes = "xy";
-    EXPECT_TRUE(became(fromBytes, 2, u"xy\0defgh\0"sv));
-
     Laid<TypeParam> fromUnits(u"abcdefgh");
     *fromUnits = units.data();
     EXPECT_TRUE(became(fromUnits, 2, u"xy\0defgh\0"sv));
-
-    Laid<TypeParam> fromNothing(u"abcdefgh");
-    *fromNothing = "";
-    EXPECT_TRUE(became(fromNothing, 0, u"\0bcdefgh\0"sv));
 
     fromUnits->clearUnused();
     EXPECT_TRUE(areaIs(*fromUnits, 2, u"xy", 0));
@@ -113,14 +66,6 @@ TYPED_TEST(AssignCurrent16, ofAShorterStandardString)
     Laid<TypeParam> receiver(u"abcdefgh");
     *receiver = std::string("xy");
     EXPECT_TRUE(became(receiver, 2, u"xy\0defgh\0"sv));
-}
-
-TYPED_TEST(Assign16, ofANullTextChangesNothing)
-{
-    Laid<TypeParam> receiver(u"abc");
-    auto const before = receiver.bytes();
-    *receiver = nullText;
-    EXPECT_EQ(receiver.bytes(), before);
 }
 
 /// Null units empty the string without touching its text.
@@ -138,36 +83,6 @@ TYPED_TEST(Assign16, ofUnitsAsTheyAre)
         Laid<TypeParam> receiver(u"");
         *receiver = units.data();
         EXPECT_TRUE(became(receiver, row.size(), std::u16string(row) + u'\0'));
-    }
-}
-
-/// The high byte is dropped, although the argument is a full unit.
-TYPED_TEST(Assign16, ofAUnitTakesItsLowByte)
-{
-    struct Row
-    {
-        Unit unit;
-        char16_t stored;
-    };
-    constexpr Row rows[] = {{u'a', u'a'}, {0x0141, 0x41}, {0xFFE4, 0xE4}, {0xE4, 0xE4},
-                            {0, 0},       {0x0100, 0},    {0xFFFF, 0xFF}};
-    for (auto const& row : rows) {
-        Laid<TypeParam> receiver(u"xyz");
-        *receiver = row.unit;
-        EXPECT_TRUE(became(receiver, 1, std::u16string{row.stored, u'\0', u'z', u'\0'}))
-            << row.unit;
-    }
-}
-
-TYPED_TEST(Assign16, aroundTheCapacity)
-{
-    for (std::size_t const size : {capacity<TypeParam> - 1, capacity<TypeParam>,
-                                   capacity<TypeParam> + 1, capacity<TypeParam> + 7}) {
-        auto const bytes = guarded::letters(size);
-        auto const expected = cut<TypeParam>(letters(size));
-        Laid<TypeParam> receiver(u"");
-        *receiver = bytes.c_str();
-        EXPECT_TRUE(became(receiver, expected.size(), expected + u'\0')) << size;
     }
 }
 
@@ -195,17 +110,6 @@ TYPED_TEST(Assign16, rawTextsAreMeasuredUpTo1024Units)
     }
 }
 
-/// Only the low 16 bits of a length count.
-TYPED_TEST(Assign16, textLengthsWrapAt65536)
-{
-    Laid<TypeParam> none(u"xyz");
-    *none = guarded::letters(65536).c_str();
-    EXPECT_TRUE(became(none, 0, u"\0yz\0"sv));
-    Laid<TypeParam> three(u"");
-    *three = guarded::letters(65539).c_str();
-    EXPECT_TRUE(became(three, 3, u"abc\0"sv));
-}
-
 TYPED_TEST(AssignCurrent16, standardStringLengthsWrapAt65536)
 {
     Laid<TypeParam> none(u"xyz");
@@ -224,8 +128,6 @@ TYPED_TEST(Assign16, ofItsOwnUnits)
     EXPECT_TRUE(became(receiver, 5, u"bcdef\0\0"sv));
     *receiver = textAt(*receiver);
     EXPECT_TRUE(became(receiver, 5, u"bcdef\0\0"sv));
-    *receiver = textAt(*receiver)[2];
-    EXPECT_TRUE(became(receiver, 1, u"d\0def\0\0"sv));
 }
 
 /// The same byte, by construction and by assignment, gives two texts.

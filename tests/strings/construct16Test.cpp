@@ -1,5 +1,6 @@
-/// What each constructor of the 16-bit strings writes and what it keeps, on storage that was full
-/// of stale bytes. What views of other strings bring along stands in core16OverlayTest.cpp.
+/// What the constructors of the 16-bit strings from characters and units write and what they keep,
+/// on storage that was full of stale bytes, and how they widen bytes. What views of other strings
+/// bring along is in core16OverlayTest.cpp.
 
 #include "tests/strings/guarded16.h"
 
@@ -41,11 +42,6 @@ testing::AssertionResult keepsTheSpareWord(Guarded<S> const& string, Text text)
     return string.guardsStand();
 }
 
-TYPED_TEST(Construct16, fromNothingIsAllZero)
-{
-    EXPECT_TRUE(isClearedBehind(Guarded<TypeParam>(), u""));
-}
-
 /// A zero character counts as text, and a high one is sign-extended.
 TYPED_TEST(Construct16, fromEachCharacter)
 {
@@ -83,27 +79,6 @@ TYPED_TEST(Construct16, fromTextBySignExtension)
     }
 }
 
-TYPED_TEST(Construct16, fromTextAroundTheCapacity)
-{
-    for (std::size_t const size : {capacity<TypeParam> - 1, capacity<TypeParam>,
-                                   capacity<TypeParam> + 1, capacity<TypeParam> + 5}) {
-        auto const text = guarded::letters(size);
-        Guarded<TypeParam> const string(text.c_str());
-        EXPECT_TRUE(isClearedBehind(string, cut<TypeParam>(widened(text)))) << size;
-    }
-}
-
-/// Only the low 16 bits of a text's length count.
-TYPED_TEST(Construct16, textLengthsWrapAt65536)
-{
-    auto const text = guarded::letters(65539);
-    auto const sized = [&text](std::size_t size) { return text.substr(0, size); };
-    EXPECT_TRUE(
-        isClearedBehind(Guarded<TypeParam>(sized(65535).c_str()), letters(capacity<TypeParam>)));
-    EXPECT_TRUE(isClearedBehind(Guarded<TypeParam>(sized(65536).c_str()), u""));
-    EXPECT_TRUE(isClearedBehind(Guarded<TypeParam>(sized(65539).c_str()), u"abc"));
-}
-
 struct CountRow
 {
     int count;
@@ -117,23 +92,9 @@ constexpr CountRow countRows[] = {
     {11, 11},   {2500, 2500}, {2501, 2501}, {1024, 1024}, {65536 + 20, 20},
 };
 
-/// Exactly the counted bytes are read: behind them there is nothing to read.
-TYPED_TEST(Construct16, fromCountedBytes)
+TYPED_TEST(Construct16, fromCountedBytesBySignExtensionAndFromNone)
 {
-    for (auto const& row : countRows) {
-        SCOPED_TRACE(row.count);
-        auto const text = guarded::letters(std::min(row.read, capacity<TypeParam>));
-        auto const bytes = unterminated(text);
-        Guarded<TypeParam> const string(static_cast<char const*>(bytes.data()), row.count);
-        EXPECT_TRUE(isClearedBehind(string, widened(text)));
-    }
-    Guarded<TypeParam> const zeros("a\0\xE4", 3);
-    EXPECT_TRUE(isClearedBehind(zeros, u"a\0\xFFE4"sv));
-}
-
-TYPED_TEST(Construct16, fromANullTextWithACountIsEmpty)
-{
-    EXPECT_TRUE(isClearedBehind(Guarded<TypeParam>(nullText, 0), u""));
+    EXPECT_TRUE(isClearedBehind(Guarded<TypeParam>("a\0\xE4", 3), u"a\0\xFFE4"sv));
     EXPECT_TRUE(isClearedBehind(Guarded<TypeParam>(nullText, 5), u""));
     EXPECT_TRUE(isClearedBehind(Guarded<TypeParam>(nullText, -1), u""));
 }
@@ -185,17 +146,6 @@ TYPED_TEST(Construct16, fromCountedUnits)
     auto const zeros = raw(u"a\0\x0141"sv);
     EXPECT_TRUE(keepsTheSpareWord(Guarded<TypeParam>(zeros.data(), 3), u"a\0\x0141"sv));
     EXPECT_TRUE(keepsTheSpareWord(Guarded<TypeParam>(nullUnits, 0), u""));
-}
-
-/// A copy moves every byte, the spare word and what is behind the terminator among them.
-TYPED_TEST(Construct16, fromACopy)
-{
-    Laid<TypeParam> source(u"abc");
-    source.stale(5, u"xyz");
-    TypeParam const& original = *source;
-    Guarded<TypeParam> const copy(original);
-    EXPECT_EQ(copy.bytes(), source.bytes());
-    EXPECT_TRUE(copy.guardsStand());
 }
 
 } // namespace
