@@ -1,6 +1,6 @@
 /// The current 8-bit string as its own argument: overlapping moves lose nothing.
 
-#include "tests/strings/core8Rows.h"
+#include "tests/strings/rows8.h"
 
 namespace {
 

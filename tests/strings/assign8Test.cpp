@@ -1,7 +1,7 @@
 /// The assignments of the current 8-bit string that no other has: what each writes, and that
 /// nothing else changes.
 
-#include "tests/strings/core8Rows.h"
+#include "tests/strings/rows8.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 /// What the constructors of the 16-bit strings from characters and units write and what they keep,
 /// on storage that was full of stale bytes, and how they widen bytes. What views of other strings
-/// bring along is in core16OverlayTest.cpp.
+/// bring along is in overlay16Test.cpp.
 
 #include "tests/strings/guarded16.h"
 

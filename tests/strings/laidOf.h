@@ -13,17 +13,25 @@ namespace strings {
 template <typename S>
 std::unique_ptr<AnyString> makeString();
 
+/// The image of a class, also of one that has no members.
 template <typename S>
-inline constexpr Image imageFor = {guarded::familyName<S>,
-                                   guarded::isCurrent<S>,
-                                   sizeof(S::text) / (guarded::ImageOf<S>::capacity + 1),
-                                   guarded::ImageOf<S>::capacity,
-                                   guarded::ImageOf<S>::size,
-                                   guarded::ImageOf<S>::lengthAt,
-                                   guarded::ImageOf<S>::textAt,
-                                   guarded::ImageOf<S>::spareAt,
-                                   guarded::ImageOf<S>::spareSize,
-                                   makeString<S>};
+constexpr Image fieldsOf(std::unique_ptr<AnyString> (*make)())
+{
+    using Its = guarded::ImageOf<S>;
+    return {guarded::familyName<S>,
+            guarded::isCurrent<S>,
+            sizeof(S::text) / (Its::capacity + 1),
+            Its::capacity,
+            Its::size,
+            Its::lengthAt,
+            Its::textAt,
+            Its::spareAt,
+            Its::spareSize,
+            make};
+}
+
+template <typename S>
+inline constexpr Image imageFor = fieldsOf<S>(makeString<S>);
 
 template <typename S>
 class StringOf final : public AnyString

@@ -1,60 +1,113 @@
 /// The images of the two older 8-bit strings, and the way of their text into the current string.
 
-#include "tests/strings/images8.h"
+#include "tests/strings/laidOf.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdint>
 #include <cstring>
-#include <memory>
-#include <string>
-#include <string_view>
+#include <new>
 #include <type_traits>
 
 namespace {
 
-using namespace images8;
+using namespace strings;
 using namespace std::string_view_literals;
 
-using guarded::staleByte;
+/// No string is made by these images, since at many capacities the older strings have no members.
+template <typename S>
+constexpr Image recordOf = fieldsOf<S>(nullptr);
 
-/// An older string as a record holds it: bytes that no member has laid down, in a block of exactly
-/// its size. Serves the capacities at which the older strings have no members at all.
-template <typename L>
-class Record
+/// The ways of an older string into the current one of its capacity, for objects at these places.
+struct Way
+{
+    Image const* current;
+    Image const* older;
+    void (*construct)(void* place, void const* source);
+    void (*assign)(void* place, void const* source);
+    /// -1 where the four questions of equality contradict one another.
+    int (*equals)(void const* left, void const* right);
+    bool (*removesAndCompares)(void* place, void const* source);
+};
+
+template <typename Old, typename S>
+constexpr Way wayOf = {
+    &recordOf<S>,
+    &recordOf<Old>,
+    [](void* place, void const* source) { ::new (place) S(*static_cast<Old const*>(source)); },
+    [](void* place, void const* source) {
+        *static_cast<S*>(place) = *static_cast<Old const*>(source);
+    },
+    [](void const* left, void const* right) {
+        S const& current = *static_cast<S const*>(left);
+        Old const& older = *static_cast<Old const*>(right);
+        bool const isEqual = current == older;
+        bool const agrees = isEqual == !(current != older) && isEqual == (older == current);
+        return agrees ? static_cast<int>(isEqual) : -1;
+    },
+    [](void* place, void const* source) {
+        S& string = *static_cast<S*>(place);
+        string.remove('x');
+        bool const isRemoved = string == "ab";
+        string = *static_cast<Old const*>(source);
+        return isRemoved && string.isEqual(S("AxBx"));
+    },
+};
+
+template <int... N>
+std::vector<Way const*> waysAt()
+{
+    return {&wayOf<_qvString8_evenSize_old<N>, _qvString8_allSize<N>>...,
+            &wayOf<_qvString8_UnevenSize_old<N>, _qvString8_allSize<N>>...};
+}
+
+/// Both older templates at every capacity.
+std::vector<Way const*> allWays()
+{
+    return waysAt<6, 7, 8, 10, 12, 14, 15, 20, 25, 29, 30, 40, 50, 75, 100, 125, 150, 200, 250, 500,
+                  1000, 2000, 3000, 5000>();
+}
+
+/// Bytes that no member has laid down, with guard bytes in front and behind.
+class Block
 {
 public:
-    explicit Record(std::string_view text, unsigned char rest = 0)
-        : block(::operator new(sizeof(L)))
+    explicit Block(Image const& itsImage, unsigned char rest = staleByte)
+        : image(&itsImage),
+          storage(room + itsImage.size + room, guardByte)
     {
-        std::memset(block.get(), rest, sizeof(L));
-        std::memcpy(bytes(), text.data(), text.size());
-        bytes()[text.size()] = 0;
-        layLength(text.size());
+        std::memset(object(), rest, image->size);
+    }
+    Block(Image const& itsImage, Text text, unsigned char rest) : Block(itsImage, rest)
+    {
+        layText(0, std::u16string(text) + u'\0').layLength(text.size());
     }
 
-    Record& layLength(std::size_t length)
+    Block& layLength(std::size_t length)
     {
-        auto const field = static_cast<std::uint16_t>(length);
-        std::memcpy(bytes() + guarded::ImageOf<L>::lengthAt, &field, sizeof field);
+        object()[image->lengthAt] = static_cast<unsigned char>(length & 0xFFU);
+        object()[image->lengthAt + 1] = static_cast<unsigned char>(length >> 8U);
+        return *this;
+    }
+    Block& layText(std::size_t index, Text text)
+    {
+        Bytes const bytes = stored(*image, text);
+        std::copy(bytes.begin(), bytes.end(), object() + image->textAt + index);
         return *this;
     }
 
-    Record& layText(std::size_t index, char byte)
+    unsigned char* object() { return storage.data() + room; }
+    Value value() { return {image, bytes()}; }
+    Bytes bytes() { return {object(), object() + image->size}; }
+    Bytes behind() { return {object() + image->size, storage.data() + storage.size()}; }
+    bool guardsStand()
     {
-        bytes()[index] = static_cast<unsigned char>(byte);
-        return *this;
+        Bytes const guards(room, guardByte);
+        return behind() == guards && Bytes(storage.data(), object()) == guards;
     }
-
-    unsigned char* bytes() { return static_cast<unsigned char*>(block.get()); }
-    L const& view() { return *static_cast<L const*>(block.get()); }
 
 private:
-    struct Release
-    {
-        void operator()(void* memory) const { ::operator delete(memory); }
-    };
-    std::unique_ptr<void, Release> block;
+    static constexpr std::size_t room = 64;
+
+    Image const* image;
+    Bytes storage;
 };
 
 struct ImageRow
@@ -94,251 +147,218 @@ constexpr ImageRow imageRows[] = {
     {5000, 5002, 5004, 5002, 5004},
 };
 
-template <typename S>
-struct OlderOf;
-template <int N>
-struct OlderOf<_qvString8_allSize<N>>
+class Legacy8 : public testing::TestWithParam<Way const*>
 {
-    using Even = _qvString8_evenSize_old<N>;
-    using Uneven = _qvString8_UnevenSize_old<N>;
+protected:
+    Way const& way = *GetParam();
+    Image const& image = *way.current;
+    Image const& older = *way.older;
 };
-
-/// Runs one check with each of the two older templates.
-template <typename S, typename Check>
-void withBoth(Check const& check)
+std::string wayName(testing::TestParamInfo<Way const*> const& info)
 {
-    {
-        SCOPED_TRACE("even");
-        check(std::type_identity<typename OlderOf<S>::Even>());
-    }
-    {
-        SCOPED_TRACE("uneven");
-        check(std::type_identity<typename OlderOf<S>::Uneven>());
-    }
+    Image const& older = *info.param->older;
+    return older.family + ('_' + std::to_string(older.capacity));
 }
 
-template <typename S>
-class Legacy8 : public testing::Test
-{};
-TYPED_TEST_SUITE(Legacy8, guarded::AllStrings8, guarded::ImageName);
+INSTANTIATE_TEST_SUITE_P(, Legacy8, testing::ValuesIn(allWays()), wayName);
 
 template <typename L>
 void expectImage(std::size_t lengthAt, std::size_t size)
 {
     EXPECT_EQ(sizeof(L), size);
-    EXPECT_EQ(alignof(L), 2U);
-    EXPECT_EQ(guarded::ImageOf<L>::lengthAt, lengthAt);
-    EXPECT_TRUE(std::is_trivially_destructible_v<L>);
-
-    Record<L> record("");
-    auto const offset = [&record](auto const& field) {
-        return reinterpret_cast<unsigned char const*>(&field) - record.bytes();
-    };
-    EXPECT_EQ(offset(record.view().text), 0);
-    EXPECT_EQ(offset(record.view().length), static_cast<std::ptrdiff_t>(lengthAt));
-    EXPECT_EQ(sizeof(record.view().text), capacity<L> + 1);
-    EXPECT_EQ(sizeof(record.view().length), 2U);
+    EXPECT_EQ(recordOf<L>.size, size);
+    EXPECT_EQ(recordOf<L>.lengthAt, lengthAt);
+    static_assert(alignof(L) == 2);
+    static_assert(std::is_trivially_destructible_v<L>);
+    static_assert(sizeof(L::text) == recordOf<L>.capacity + 1);
+    static_assert(sizeof(L::length) == 2);
+    Block block(recordOf<L>);
+    auto const& string = *reinterpret_cast<L const*>(block.object());
+    EXPECT_EQ(static_cast<void const*>(&string.text), block.object());
+    EXPECT_EQ(static_cast<void const*>(&string.length), block.object() + lengthAt);
 }
 
-TYPED_TEST(Legacy8, theFieldsStandWhereTheTableSays)
+template <std::size_t... I>
+void expectImages(std::index_sequence<I...>)
 {
-    bool found = false;
-    for (auto const& row : imageRows) {
-        if (row.capacity == intCapacity<TypeParam>) {
-            found = true;
-            expectImage<typename OlderOf<TypeParam>::Even>(row.evenLengthAt, row.evenSize);
-            expectImage<typename OlderOf<TypeParam>::Uneven>(row.unevenLengthAt, row.unevenSize);
-        }
-    }
-    EXPECT_TRUE(found);
+    (expectImage<_qvString8_evenSize_old<imageRows[I].capacity>>(imageRows[I].evenLengthAt,
+                                                                 imageRows[I].evenSize),
+     ...);
+    (expectImage<_qvString8_UnevenSize_old<imageRows[I].capacity>>(imageRows[I].unevenLengthAt,
+                                                                   imageRows[I].unevenSize),
+     ...);
 }
 
-TEST(LegacyImage8, bytesOfShortTexts)
+TEST(LegacyImage8, theFieldsAreWhereTheTableSays)
 {
-    guarded::Guarded<_qvString8_evenSize_old<6>> even("abc");
-    EXPECT_EQ(even.bytes(), (guarded::Bytes{'a', 'b', 'c', 0, 0, 0, 0, staleByte, 3, 0}));
+    static_assert(std::size(imageRows) == 24);
+    expectImages(std::make_index_sequence<std::size(imageRows)>());
+}
+
+TEST(LegacyImage8, bytesAfterClearing)
+{
+    Laid even(imageNamed("even8", 6), u"abc");
     even->clear();
-    EXPECT_EQ(even.bytes(), (guarded::Bytes{0, 0, 0, 0, 0, 0, 0, staleByte, 0, 0}));
-
-    guarded::Guarded<_qvString8_UnevenSize_old<7>> uneven("abcdefg");
-    EXPECT_EQ(uneven.bytes(), (guarded::Bytes{'a', 'b', 'c', 'd', 'e', 'f', 'g', 0, 7, 0}));
-    EXPECT_STREQ(reinterpret_cast<char const*>(&*uneven), "abcdefg");
+    EXPECT_EQ(even.bytes(), (Bytes{0, 0, 0, 0, 0, 0, 0, staleByte, 0, 0}));
+    Laid uneven(imageNamed("uneven8", 7), u"abc");
+    uneven->clear();
+    EXPECT_EQ(uneven.bytes(), Bytes(10, 0));
 }
 
 TEST(LegacyImage8, aBlockOfZerosIsAnEmptyString)
 {
-    Record<_qvString8_evenSize_old<6>> even("");
-    EXPECT_TRUE(even.view().isEmpty());
-    EXPECT_TRUE(even.view() == "");
-    Record<_qvString8_UnevenSize_old<7>> uneven("");
-    EXPECT_TRUE(uneven.view().isEmpty());
-    EXPECT_TRUE(uneven.view() == "");
+    for (Image const* const image : {&imageNamed("even8", 6), &imageNamed("uneven8", 7)}) {
+        Laid const zeros(*image, u"", 0);
+        EXPECT_EQ(zeros.bytes(), Bytes(image->size, 0));
+        EXPECT_TRUE(zeros->isEmpty());
+        EXPECT_TRUE(zeros->equals(""));
+    }
 }
 
 /// Exactly the text of the capacity comes over, stale bytes included; the last text byte and the
 /// pad byte stay what they were in the storage.
-TYPED_TEST(Legacy8, constructionTakesTheTextAsItStands)
+TEST_P(Legacy8, constructionTakesTheTextAsItIs)
 {
-    withBoth<TypeParam>([](auto type) {
-        using L = typename decltype(type)::type;
-        Record<L> record("abc", 0x11);
-        guarded::Guarded<TypeParam> built(record.view());
-        auto expected = guarded::imageBytes<TypeParam>(3, "abc\0"sv, 0x11, staleByte);
-        expected[guarded::ImageOf<TypeParam>::textAt + capacity<TypeParam>] = staleByte;
-        EXPECT_EQ(built.bytes(), expected);
-        EXPECT_TRUE(built.guardsStand());
-    });
+    Block source(older, u"abc", 0x11);
+    Block built(image);
+    way.construct(built.object(), source.object());
+    auto expected = imageOf(image, 3, u"abc\0"sv, 0x11, staleByte);
+    expected[image.textAt + image.capacity] = staleByte;
+    EXPECT_EQ(built.bytes(), expected);
+    EXPECT_TRUE(built.guardsStand());
+    EXPECT_TRUE(source.guardsStand());
 }
 
 /// The terminator comes from the length, whatever the record holds there.
-TYPED_TEST(Legacy8, constructionEndsTheText)
+TEST_P(Legacy8, constructionEndsTheText)
 {
-    withBoth<TypeParam>([](auto type) {
-        using L = typename decltype(type)::type;
-        Record<L> record("abcd", 0x11);
-        record.layLength(2);
-        guarded::Guarded<TypeParam> built(record.view());
-        EXPECT_TRUE(guarded::holds(*built, "ab"));
-        EXPECT_EQ(guarded::textByte(*built, 3), 'd');
+    Block source(older, u"abcd", 0x11);
+    source.layLength(2);
+    Block built(image);
+    way.construct(built.object(), source.object());
+    EXPECT_TRUE(holds(built.value(), u"ab"));
+    EXPECT_EQ(built.value().units(3, 1), u"d");
 
-        record.layLength(0);
-        guarded::Guarded<TypeParam> empty(record.view());
-        EXPECT_TRUE(guarded::holds(*empty, ""));
-        EXPECT_EQ(guarded::textByte(*empty, 1), 'b');
-    });
+    source.layLength(0);
+    Block empty(image);
+    way.construct(empty.object(), source.object());
+    EXPECT_TRUE(holds(empty.value(), u""));
+    EXPECT_EQ(empty.value().units(1, 1), u"b");
 }
 
-TYPED_TEST(Legacy8, constructionOfAFullString)
+TEST_P(Legacy8, constructionOfAFullString)
 {
-    withBoth<TypeParam>([](auto type) {
-        using L = typename decltype(type)::type;
-        auto const text = guarded::letters(capacity<TypeParam>);
-        Record<L> record(text, 0x11);
-        record.layText(capacity<TypeParam>, '#');
-        guarded::Guarded<TypeParam> built(record.view());
-        EXPECT_EQ(built.bytes(),
-                  guarded::imageBytes<TypeParam>(capacity<TypeParam>, text + '\0', 0, staleByte));
-        EXPECT_TRUE(built.guardsStand());
-    });
+    auto const text = letters(image.capacity);
+    Block source(older, text, 0x11);
+    source.layText(image.capacity, u"#");
+    Block built(image);
+    way.construct(built.object(), source.object());
+    EXPECT_EQ(built.bytes(), imageOf(image, image.capacity, text + u'\0', 0, staleByte));
+    EXPECT_TRUE(built.guardsStand());
 }
 
 /// Assigning writes no terminator of its own and leaves the last text byte alone.
-TYPED_TEST(Legacy8, assignmentCopiesTheTextAreaOnly)
+TEST_P(Legacy8, assignmentCopiesTheTextAreaOnly)
 {
-    withBoth<TypeParam>([](auto type) {
-        using L = typename decltype(type)::type;
-        Record<L> record("abc", 0x11);
-        Laid<TypeParam> assigned("xy");
-        *assigned = record.view();
-        auto expected = guarded::imageBytes<TypeParam>(3, "abc\0"sv, 0x11, staleByte);
-        expected[guarded::ImageOf<TypeParam>::textAt + capacity<TypeParam>] = staleByte;
-        EXPECT_EQ(assigned.bytes(), expected);
+    Block source(older, u"abc", 0x11);
+    Block assigned(image, u"xy", staleByte);
+    way.assign(assigned.object(), source.object());
+    auto expected = imageOf(image, 3, u"abc\0"sv, 0x11, staleByte);
+    expected[image.textAt + image.capacity] = staleByte;
+    EXPECT_EQ(assigned.bytes(), expected);
+    EXPECT_TRUE(assigned.guardsStand());
+
+    source.layLength(2);
+    way.assign(assigned.object(), source.object());
+    EXPECT_EQ(assigned.value().length(), 2);
+    EXPECT_EQ(assigned.value().units(2, 1), u"c");
+}
+
+TEST_P(Legacy8, assignmentOfAFullStringKeepsTheOldLastByte)
+{
+    auto const text = letters(image.capacity);
+    Block source(older, text, 0);
+    for (Unit const old : {u'#', u'\0'}) {
+        Block assigned(image, u"xy", staleByte);
+        assigned.layText(image.capacity, {&old, 1});
+        way.assign(assigned.object(), source.object());
+        EXPECT_EQ(assigned.bytes(), imageOf(image, image.capacity, text + old, 0, staleByte));
         EXPECT_TRUE(assigned.guardsStand());
-
-        record.layLength(2);
-        *assigned = record.view();
-        EXPECT_EQ(guarded::lengthOf(*assigned), 2);
-        EXPECT_EQ(guarded::textByte(*assigned, 2), 'c');
-    });
+    }
 }
 
-TYPED_TEST(Legacy8, assignmentOfAFullStringKeepsTheOldLastByte)
+TEST_P(Legacy8, equality)
 {
-    withBoth<TypeParam>([](auto type) {
-        using L = typename decltype(type)::type;
-        auto const text = guarded::letters(capacity<TypeParam>);
-        Record<L> record(text);
-        for (char const old : {'#', '\0'}) {
-            Laid<TypeParam> assigned("xy");
-            assigned.layText(capacity<TypeParam>, static_cast<unsigned char>(old));
-            *assigned = record.view();
-            EXPECT_TRUE(became(assigned, capacity<TypeParam>, text + old));
+    struct Row
+    {
+        Text current;
+        Text older;
+        bool isEqual;
+    };
+    auto const full = letters(image.capacity);
+    for (auto const& row :
+         {Row{u"abc", u"abc", true}, Row{u"abc", u"abC", false}, Row{u"abc", u"abd", false},
+          Row{u"abc", u"ab", false}, Row{u"abc", u"abcd", false}, Row{u"abc", u"", false},
+          Row{u"a\0b"sv, u"a\0b"sv, true}, Row{u"a\0b"sv, u"a\0c"sv, false},
+          Row{full, full, true}}) {
+        SCOPED_TRACE(shown(row.current) + " and " + shown(row.older));
+        // Stale bytes behind the terminators do not matter, nor does a missing terminator.
+        for (unsigned char const rest : {std::uint8_t{0}, std::uint8_t{0x11}}) {
+            Block current(image, row.current, staleByte);
+            Block source(older, row.older, rest);
+            EXPECT_EQ(way.equals(current.object(), source.object()), row.isEqual);
+            source.layText(row.older.size(), u"#");
+            if (!row.older.empty()) {
+                EXPECT_EQ(way.equals(current.object(), source.object()), row.isEqual);
+            }
         }
-    });
-}
-
-TYPED_TEST(Legacy8, equality)
-{
-    withBoth<TypeParam>([](auto type) {
-        using L = typename decltype(type)::type;
-        auto const equals = [](TypeParam const& current, L const& older) {
-            EXPECT_EQ(current == older, !(current != older));
-            EXPECT_EQ(current == older, older == current);
-            return current == older;
-        };
-        // Stale bytes behind the terminators do not matter.
-        Laid<TypeParam> current("abc");
-        EXPECT_TRUE(equals(*current, Record<L>("abc").view()));
-        EXPECT_TRUE(equals(*current, Record<L>("abc", 0x11).view()));
-        EXPECT_FALSE(equals(*current, Record<L>("abC").view()));
-        EXPECT_FALSE(equals(*current, Record<L>("abd").view()));
-        EXPECT_FALSE(equals(*current, Record<L>("ab").view()));
-        EXPECT_FALSE(equals(*current, Record<L>("abcd").view()));
-        EXPECT_FALSE(equals(*current, Record<L>("").view()));
-        EXPECT_TRUE(equals(*Laid<TypeParam>("a\0b"sv), Record<L>("a\0b"sv).view()));
-        EXPECT_FALSE(equals(*Laid<TypeParam>("a\0b"sv), Record<L>("a\0c"sv).view()));
-
-        auto const text = guarded::letters(capacity<TypeParam>);
-        EXPECT_TRUE(equals(*Laid<TypeParam>(text), Record<L>(text).view()));
-        Record<L> unterminatedRecord(text);
-        unterminatedRecord.layText(capacity<TypeParam>, '#');
-        EXPECT_TRUE(equals(*Laid<TypeParam>(text), unterminatedRecord.view()));
-    });
+    }
 }
 
 /// On its way the older text gets its terminator, and with length 0 that is its first byte.
-TYPED_TEST(Legacy8, equalityOfEmptyStringsLooksAtTheFirstByte)
+TEST_P(Legacy8, equalityOfEmptyStringsLooksAtTheFirstByte)
 {
-    withBoth<TypeParam>([](auto type) {
-        using L = typename decltype(type)::type;
-        Record<L> staleRecord("x");
-        staleRecord.layLength(0);
-        Laid<TypeParam> clean("");
-        Laid<TypeParam> stale("");
-        stale.stale(0, "x");
-        EXPECT_TRUE(*clean == staleRecord.view());
-        EXPECT_FALSE(*stale == staleRecord.view());
-        EXPECT_FALSE(*stale == Record<L>("").view());
-    });
+    Block staleSource(older, u"x", 0);
+    staleSource.layLength(0);
+    Block cleanSource(older, u"", 0);
+    Block clean(image, u"", staleByte);
+    Block stale(image, u"", staleByte);
+    stale.layText(0, u"x");
+    EXPECT_EQ(way.equals(clean.object(), staleSource.object()), 1);
+    EXPECT_EQ(way.equals(stale.object(), staleSource.object()), 0);
+    EXPECT_EQ(way.equals(stale.object(), cleanSource.object()), 0);
 }
 
 /// A damaged length is taken over, and the terminator goes where it points, past the object.
-TEST(LegacyDamage8, aLengthAboveTheCapacityIsNotRepaired)
+TEST_P(Legacy8, aLengthAboveTheCapacityIsNotRepaired)
 {
-    auto const check = [](auto type) {
-        using L = typename decltype(type)::type;
-        auto const text = guarded::letters(14);
-        Record<L> record(text);
-        record.layLength(20);
+    auto const text = letters(image.capacity);
+    std::size_t const length = image.capacity + 6;
+    Block source(older, text, staleByte);
+    source.layLength(length);
 
-        guarded::Guarded<_qvString8_allSize<14>> built(record.view());
-        EXPECT_EQ(guarded::lengthOf(*built), 20);
-        EXPECT_EQ(textArea(*built), text + '\xAA');
-        guarded::Bytes behind(built.behind().size(), guarded::guardByte);
-        behind[4] = 0; // text[20]: the object ends behind text[15]
-        EXPECT_EQ(built.behind(), behind);
+    Block built(image);
+    way.construct(built.object(), source.object());
+    EXPECT_EQ(built.value().length(), static_cast<int>(length));
+    EXPECT_EQ(built.value().units(0, image.capacity + 1), text + u'\xAA');
+    Bytes behind(built.behind().size(), guardByte);
+    behind[image.textAt + length - image.size] = 0;
+    EXPECT_EQ(built.behind(), behind);
 
-        Laid<_qvString8_allSize<14>> assigned("");
-        *assigned = record.view();
-        EXPECT_EQ(guarded::lengthOf(*assigned), 20);
-        EXPECT_EQ(textArea(*assigned), text + '\xAA');
-        EXPECT_TRUE(assigned.guardsStand());
-    };
-    check(std::type_identity<_qvString8_evenSize_old<14>>());
-    check(std::type_identity<_qvString8_UnevenSize_old<14>>());
+    Block assigned(image, u"", staleByte);
+    way.assign(assigned.object(), source.object());
+    EXPECT_EQ(assigned.value().length(), static_cast<int>(length));
+    EXPECT_EQ(assigned.value().units(0, image.capacity + 1), text + u'\xAA');
+    EXPECT_TRUE(assigned.guardsStand());
 }
 
-TYPED_TEST(Legacy8, convertedTextIsAStringLikeAnyOther)
+TEST_P(Legacy8, convertedTextIsAStringLikeAnyOther)
 {
-    withBoth<TypeParam>([](auto type) {
-        using L = typename decltype(type)::type;
-        Record<L> record("aXbX", 0x11);
-        TypeParam string(record.view());
-        string.remove('x');
-        EXPECT_TRUE(guarded::holds(string, "ab"));
-        string = record.view();
-        EXPECT_TRUE(string.isEqual(TypeParam("AxBx")));
-    });
+    Block source(older, u"aXbX", 0x11);
+    Block string(image);
+    way.construct(string.object(), source.object());
+    EXPECT_TRUE(way.removesAndCompares(string.object(), source.object()));
+    EXPECT_TRUE(string.guardsStand());
 }
 
 } // namespace

@@ -20,19 +20,8 @@ struct Takes
 
     /// Members whose result is laid down.
     template <typename Result, typename Owner>
-    static bool gives(Result (Owner::*address)(Arguments...))
-    {
-        return member(address);
-    }
-    template <typename Result, typename Owner>
     static bool constGives(Result (Owner::*address)(Arguments...) const)
     {
         return constMember(address);
-    }
-    template <typename Result>
-    static bool functionGives(Result (*address)(Arguments...))
-    {
-        Result (*volatile kept)(Arguments...) = address;
-        return kept != nullptr;
     }
 };

@@ -1,6 +1,6 @@
 // The overlay of the 8-bit strings: text crosses from any capacity to any other.
 
-#include "tests/strings/core8Rows.h"
+#include "tests/strings/rows8.h"
 
 namespace {
 
@@ -24,11 +24,11 @@ void forEverySource(Check const& check)
 }
 
 template <typename S>
-class Core8Overlay : public testing::Test
+class Overlay8 : public testing::Test
 {};
-TYPED_TEST_SUITE(Core8Overlay, MainStrings8, ImageName);
+TYPED_TEST_SUITE(Overlay8, MainStrings8, ImageName);
 
-TYPED_TEST(Core8Overlay, AssignmentTakesAsMuchOfAnyCapacityAsFits)
+TYPED_TEST(Overlay8, assignmentTakesAsMuchOfAnyCapacityAsFits)
 {
     forEverySource([]<typename Source, std::size_t Room>(Guarded<Source, Room>& source) {
         std::size_t const capacity = ImageOf<Source>::capacity;
@@ -51,7 +51,7 @@ TYPED_TEST(Core8Overlay, AssignmentTakesAsMuchOfAnyCapacityAsFits)
     });
 }
 
-TYPED_TEST(Core8Overlay, ConstructionTakesTextThatFitsFromAnyCapacity)
+TYPED_TEST(Overlay8, constructionTakesTextThatFitsFromAnyCapacity)
 {
     forEverySource([]<typename Source, std::size_t Room>(Guarded<Source, Room>& source) {
         std::size_t const fits = std::min(ImageOf<Source>::capacity, ImageOf<TypeParam>::capacity);
@@ -65,7 +65,7 @@ TYPED_TEST(Core8Overlay, ConstructionTakesTextThatFitsFromAnyCapacity)
     });
 }
 
-TYPED_TEST(Core8Overlay, ZerosInsideAndHighBytesCross)
+TYPED_TEST(Overlay8, zerosInsideAndHighBytesCross)
 {
     Guarded<_qvString8_allSize<15>> source;
     source.lay(oddText);
@@ -77,7 +77,7 @@ TYPED_TEST(Core8Overlay, ZerosInsideAndHighBytesCross)
     EXPECT_EQ(assigned.bytes(), keptImage<TypeParam>(oddText, 0x33));
 }
 
-TEST(Core8OverlayCases, ConstructionFromALongerTextIsNotClampedAndPassesTheObject)
+TEST(Overlay8Cases, constructionFromALongerTextIsNotClampedAndPassesTheObject)
 {
     // Laid down so: the caller vouches for the length. 14 characters and a terminator from byte 2
     // on are 17 bytes, seven more than a six has.
