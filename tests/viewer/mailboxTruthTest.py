@@ -87,6 +87,19 @@ class Client(MailboxTest):
         self.expect(0, "none", HEALTHY)
 
 
+    def test_client_of_another_process_namespace(self):
+        if os.geteuid() != 0:
+            self.skipTest("only root makes a process namespace beside this one")
+        segment = self.segment()
+        apart = ["unshare", "--pid", "--fork", "--mount-proc"]
+        told = self.expect(0, "none", HEALTHY, before=apart)
+        self.assertEqual(told["segment"]["client"], {"pid": 0, "command": "", "state": "unknown"})
+        segment.lock_byte(1)
+        run = view("--free-lock", before=apart)
+        self.assertEqual(run.returncode, 17)
+        self.assertIn("nothing: The client's process is hidden from this user.\n", run.stdout)
+
+
 class Size(MailboxTest):
     def test_counted_as_a_sender_does(self):
         wrapped = 2 ** 31
