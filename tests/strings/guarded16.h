@@ -18,7 +18,6 @@ namespace images16 {
 using guarded::Bytes;
 using guarded::Guarded;
 using guarded::ImageName;
-using guarded::isCurrent;
 using guarded::staleByte;
 using Unit = unsigned short;
 using Units = std::vector<Unit>;
@@ -164,13 +163,6 @@ std::u16string textOf(S const& string)
     return ownUnits(string, 0, std::min(length, capacity<S> + 1));
 }
 
-/// All units of the text area below the capacity, whatever the length says.
-template <typename S>
-std::u16string textArea(S const& string)
-{
-    return ownUnits(string, 0, capacity<S>);
-}
-
 /// The text of any image where it stands, for arguments that point into the receiver.
 template <typename S>
 Unit const* textAt(S const& string)
@@ -268,16 +260,11 @@ inline std::u16string upperOf(Text text)
     return folded;
 }
 
-/// The two ways in which a byte becomes a unit.
+/// A byte as the unit that it becomes by its sign.
 constexpr char16_t signExtended(unsigned char byte)
 {
     return static_cast<char16_t>(byte < 0x80 ? byte : 0xFF00 + byte);
 }
-constexpr char16_t zeroExtended(unsigned char byte)
-{
-    return byte;
-}
-
 /// A text of bytes below 0x80 as units, where both ways give the same.
 inline std::u16string widened(std::string_view text)
 {
@@ -288,12 +275,6 @@ inline std::u16string widened(std::string_view text)
 inline std::u16string letters(std::size_t count)
 {
     return widened(guarded::letters(count));
-}
-
-/// -1, 0 or 1: of a memory comparison only the sign is defined.
-constexpr int signOf(int value)
-{
-    return (value > 0) - (value < 0);
 }
 
 } // namespace images16

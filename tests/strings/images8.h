@@ -2,7 +2,7 @@
 
 /// What the tests of the 8-bit strings share that run on the current image and on both older ones.
 
-#include "tests/strings/guardedOld.h"
+#include "tests/strings/guarded.h"
 
 #include <gtest/gtest.h>
 
@@ -14,29 +14,16 @@
 
 namespace images8 {
 
-using guarded::familyName;
 using guarded::ImageName;
-using guarded::isCurrent;
 
-/// The images at which the older strings have members, at the capacities that matter: the smallest,
-/// neighbours of a limit, the tool's own, the largest.
-using LegacyImages = testing::Types<
-    _qvString8_evenSize_old<6>, _qvString8_evenSize_old<8>, _qvString8_evenSize_old<14>,
-    _qvString8_evenSize_old<250>, _qvString8_evenSize_old<5000>, _qvString8_UnevenSize_old<7>,
-    _qvString8_UnevenSize_old<15>, _qvString8_UnevenSize_old<25>, _qvString8_UnevenSize_old<125>>;
-
+/// All three templates at the capacities that matter: the smallest, neighbours of a limit, the
+/// tool's own, the largest.
 using AllImages = testing::Types<
     _qvString8_allSize<6>, _qvString8_allSize<7>, _qvString8_allSize<8>, _qvString8_allSize<14>,
     _qvString8_allSize<15>, _qvString8_allSize<250>, _qvString8_allSize<5000>,
     _qvString8_evenSize_old<6>, _qvString8_evenSize_old<8>, _qvString8_evenSize_old<14>,
     _qvString8_evenSize_old<250>, _qvString8_evenSize_old<5000>, _qvString8_UnevenSize_old<7>,
     _qvString8_UnevenSize_old<15>, _qvString8_UnevenSize_old<25>, _qvString8_UnevenSize_old<125>>;
-
-/// Few and cheap: for tests that run over all pairs of bytes.
-using BytePairImages =
-    testing::Types<_qvString8_allSize<6>, _qvString8_allSize<7>, _qvString8_allSize<250>,
-                   _qvString8_evenSize_old<6>, _qvString8_evenSize_old<250>,
-                   _qvString8_UnevenSize_old<7>, _qvString8_UnevenSize_old<125>>;
 
 template <typename S>
 inline constexpr std::size_t capacity = guarded::ImageOf<S>::capacity;
@@ -94,14 +81,6 @@ std::string cut(std::string_view text)
 inline std::vector<char> unterminated(std::string_view text)
 {
     return {text.begin(), text.end()};
-}
-
-/// The whole text area, from the first byte to the one behind the capacity.
-template <typename S>
-std::string textArea(S const& string)
-{
-    auto const* text = reinterpret_cast<char const*>(&string) + guarded::ImageOf<S>::textAt;
-    return {text, capacity<S> + 1};
 }
 
 /// The address at which the text of any image stands, for arguments that point into the receiver.
