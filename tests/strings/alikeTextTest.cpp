@@ -39,7 +39,7 @@ std::string upperCase(std::string text)
 
 // Every byte beside itself and beside the byte that a case apart would be, inside a pattern that
 // nearly stands in many places.
-TEST(AlikeText8, EveryByteOfThePatternIsTold)
+TEST(AlikeText8, everyByteOfThePatternIsTold)
 {
     using S = _qvString8_allSize<5000>;
     constexpr int patternAt = 4980;
@@ -74,7 +74,7 @@ using Images = testing::Types<_qvString8_allSize<5000>, _qvString8_allSize<250>,
                               _qvString<250>>;
 TYPED_TEST_SUITE(AlikeText, Images);
 
-TYPED_TEST(AlikeText, IsSearchedToTheFirstMatch)
+TYPED_TEST(AlikeText, isSearchedToTheFirstMatch)
 {
     constexpr std::size_t capacity = sizeof(TypeParam::text) / sizeof(TypeParam::text[0]) - 1;
     for (unsigned seed = 1; seed <= 20; ++seed) {
@@ -105,7 +105,7 @@ TYPED_TEST(AlikeText, IsSearchedToTheFirstMatch)
 
 // Where a search changes its ways: in texts and with patterns of all short lengths, at the end of
 // the text, across it, where the rest of what once was longer stands, and at chance.
-TYPED_TEST(AlikeText, IsSearchedToTheFirstMatchAtEveryLength)
+TYPED_TEST(AlikeText, isSearchedToTheFirstMatchAtEveryLength)
 {
     for (std::size_t size = 1; size <= 80; ++size) {
         std::string const whole = twoLetters(size + 24, static_cast<unsigned>(size));
@@ -138,7 +138,7 @@ TYPED_TEST(AlikeText, IsSearchedToTheFirstMatchAtEveryLength)
 
 // Of two texts that differ in one place alone, or from there on the other way, at every place of
 // every length up to where blocks of all sizes have followed one another.
-TYPED_TEST(AlikeText, TheFirstDifferenceIsToldAtEveryPlace)
+TYPED_TEST(AlikeText, theFirstDifferenceIsToldAtEveryPlace)
 {
     for (std::size_t size = 1; size <= 140; ++size) {
         std::string const letters = twoLetters(size, 5);

@@ -1,8 +1,8 @@
 /// The constructors of the current 8-bit string that no other has, and high bytes: what each writes
 /// and clears of storage full of 0xAA, and which bytes keep what the storage held.
 
-#include "tests/strings/rows8.h"
 #include "tests/strings/laid.h"
+#include "tests/strings/rows8.h"
 
 namespace {
 

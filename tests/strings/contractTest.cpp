@@ -105,7 +105,7 @@ void expectDamageIsMet(std::vector<Row<String>> const& rows, std::string const& 
     }
 }
 
-TEST(Contract, DamagedLengthIsMetInEveryImage)
+TEST(Contract, damagedLengthIsMetInEveryImage)
 {
     expectDamageIsMet(rowsOfAllImages<_qvString8_allSize<6>>(), "6");
     expectDamageIsMet(rowsOfAllImages<_qvString8_allSize<5000>>(), "5000");
@@ -115,7 +115,7 @@ TEST(Contract, DamagedLengthIsMetInEveryImage)
     expectDamageIsMet(rowsOfAllImages<_qvString_old<250>>(), "250");
 }
 
-TEST(Contract, DamagedLengthIsMetByMembersOfOneImage)
+TEST(Contract, damagedLengthIsMetByMembersOfOneImage)
 {
     using S8 = _qvString8_allSize<250>;
     expectDamageIsMet<S8>(
@@ -162,7 +162,7 @@ TEST(Contract, DamagedLengthIsMetByMembersOfOneImage)
         "250");
 }
 
-TEST(Contract, LengthThatWouldBeTakenIsMet)
+TEST(Contract, lengthThatWouldBeTakenIsMet)
 {
     _qvString8_allSize<15> longer("fifteen letters");
     EXPECT_BROKEN(_qvString8_allSize<14>(longer.asUni()),
@@ -191,7 +191,7 @@ using Images = testing::Types<_qvString8_allSize<14>, _qvString8_evenSize_old<14
                               _qvString_old<15>, _qvString8_UnevenSize_old<15>>;
 TYPED_TEST_SUITE(ContractOfRanges, Images);
 
-TYPED_TEST(ContractOfRanges, RangeOutsideIsMet)
+TYPED_TEST(ContractOfRanges, rangeOutsideIsMet)
 {
     TypeParam s("abcd");
     EXPECT_BROKEN(s.remove(-1, 2), "remove\\(-1, 2\\) at length 4, capacity 1[45]");
@@ -210,7 +210,7 @@ TYPED_TEST(ContractOfRanges, RangeOutsideIsMet)
     EXPECT_BROKEN((void)s.endsWith("abcde", 1), "endsWith\\(1\\) at length 4, capacity 1[45]");
 }
 
-TYPED_TEST(ContractOfRanges, EdgeOfAContractIsInside)
+TYPED_TEST(ContractOfRanges, edgeOfAContractIsInside)
 {
     constexpr int capacity = sizeof(TypeParam::text) / sizeof(TypeParam::text[0]) - 1;
     TypeParam s("abcd");
@@ -229,7 +229,7 @@ TYPED_TEST(ContractOfRanges, EdgeOfAContractIsInside)
     EXPECT_FALSE(s.endsWith("abcdabcdabcd", 0)); // the count refuses before the text is looked at
 }
 
-TEST(Contract, ConversionToFewerBytesIsInside)
+TEST(Contract, conversionToFewerBytesIsInside)
 {
     _qvString<500> wide;
     for (int i = 0; i < 300; ++i)
@@ -241,7 +241,7 @@ TEST(Contract, ConversionToFewerBytesIsInside)
     EXPECT_TRUE(ok);
 }
 
-TYPED_TEST(ContractOfRanges, DamagedLengthCanBeMended)
+TYPED_TEST(ContractOfRanges, damagedLengthCanBeMended)
 {
     TypeParam s = damaged<TypeParam>();
     s.setLength(1);
@@ -261,7 +261,7 @@ TYPED_TEST(ContractOfRanges, DamagedLengthCanBeMended)
     EXPECT_EQ(60000, copy.length);
 }
 
-TEST(Contract, FieldWithoutRoomIsMet)
+TEST(Contract, fieldWithoutRoomIsMet)
 {
     _qvString8_allSize<14> s("abcd");
     EXPECT_BROKEN(s.addSpacing("x", 11), "addSpacing\\(11\\) at length 4, capacity 14");
@@ -277,7 +277,7 @@ TEST(Contract, FieldWithoutRoomIsMet)
     EXPECT_EQ(15, wide.length);
 }
 
-TEST(Contract, HexFieldWiderThanTheTextIsMet)
+TEST(Contract, hexFieldWiderThanTheTextIsMet)
 {
     _qvString8_allSize<14> s("1F");
     EXPECT_BROKEN(s.toIntFromHex(16, true, true, nullptr),

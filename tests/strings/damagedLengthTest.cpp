@@ -42,7 +42,7 @@ private:
 using Images = testing::Types<_qvString8_allSize<250>, _qvString<250>>;
 TYPED_TEST_SUITE(DamagedLength, Images);
 
-TYPED_TEST(DamagedLength, SearchOverAlikeTextStaysInItsOwnCopies)
+TYPED_TEST(DamagedLength, searchOverAlikeTextStaysInItsOwnCopies)
 {
     TypeParam pattern("babbabaabbabaabaabbaXabbabaabaababbaabba");
     ASSERT_EQ(this->string().length, damagedLength);
@@ -52,7 +52,7 @@ TYPED_TEST(DamagedLength, SearchOverAlikeTextStaysInItsOwnCopies)
 }
 
 // The length counts as the capacity: a longer beginning is refused unread.
-TYPED_TEST(DamagedLength, StartsWithACountIsCutAtTheCapacity)
+TYPED_TEST(DamagedLength, startsWithACountIsCutAtTheCapacity)
 {
     std::string beginning(250, '?');
     for (std::size_t i = 0; i < beginning.size(); ++i)
@@ -65,7 +65,7 @@ TYPED_TEST(DamagedLength, StartsWithACountIsCutAtTheCapacity)
     EXPECT_FALSE(this->string().startsWith(beginning.data(), 250));
 }
 
-TYPED_TEST(DamagedLength, HasNothingUnusedToClear)
+TYPED_TEST(DamagedLength, hasNothingUnusedToClear)
 {
     std::vector<unsigned char> const before = this->bytes();
     this->string().clearUnused();
