@@ -60,11 +60,14 @@ public:
 
     // To 8 bits: the bytes of an 8-bit string up to the end of its text, and of a caller's buffer.
     std::vector<Byte> toString8(std::size_t targetCapacity) const;
+    std::vector<Byte> toString8Of250() const { return toString8(250); }
+    std::vector<Byte> toString8Of500() const { return toString8(500); }
     void toChar(std::vector<Byte>& buffer, unsigned short size) const;
 
     // Comparison and search.
     using StringModel::equals;
     bool equals(Text s) const;
+    using StringModel::unequal;
     bool unequal(Text s) const;
     bool equalsUnitText(Units s) const;
     using StringModel::isEqual;
@@ -77,7 +80,7 @@ public:
     bool contains(Text s) const;
     using StringModel::containsCaseSen;
     bool containsCaseSen(Text s) const;
-    bool containsCaseSen(Text s, int n) const;
+    bool containsCaseSen(std::string const& s, int n) const;
     using StringModel::containsUpperCaseInput;
     bool containsUpperCaseInput(Text s) const;
     bool startsWithChar(char c) const;

@@ -88,9 +88,9 @@ bool String16Model::containsCaseSen(Text s) const
     return containsCaseSen(temporary(s));
 }
 
-bool String16Model::containsCaseSen(Text s, int n) const
+bool String16Model::containsCaseSen(std::string const& s, int n) const
 {
-    return containsCaseSen(temporary(s, n));
+    return containsCaseSen(temporary(&s, n));
 }
 
 bool String16Model::containsUpperCaseInput(Text s) const

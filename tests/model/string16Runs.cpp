@@ -1,5 +1,6 @@
 #include "tests/model/string16Runs.h"
 
+#include "tests/model/string16Model.h"
 #include "tests/model/stringDriver.h"
 
 namespace qvTest {

@@ -45,11 +45,13 @@ public:
     // Comparison and search.
     using StringModel::equals;
     bool equals(Text s) const;
+    using StringModel::unequal;
     bool unequal(Text s) const { return !equals(s); }
     bool equalsLegacy(String8Model const& o) const;
     using StringModel::isEqual;
     bool isEqual(std::string const& s, int n) const { return isEqualUnits(s, n); }
     int indexOfWideUnit(unsigned short c, int start) const;
+    int lastIndexOfWideUnit(unsigned short c, int start) const;
     int count(char c) const { return countUnit(c); }
     int countCaseSen(char c) const { return countUnitCaseSen(c); }
     bool containsChar(char c) const { return countUnit(c) != 0; }
@@ -57,7 +59,7 @@ public:
     bool contains(Text s) const;
     using StringModel::containsCaseSen;
     bool containsCaseSen(Text s) const;
-    bool containsCaseSen(Text s, int n) const;
+    bool containsCaseSen(std::string const& s, int n) const;
     using StringModel::containsUpperCaseInput;
     bool containsUpperCaseInput(Text s) const;
     bool startsWithChar(char c) const { return startsWithUnit(c); }
@@ -81,11 +83,19 @@ public:
     void addNumber(std::string const& digits, unsigned char minWidth);
     void addNrSpacing(long long v, signed char width);
     void addHex(std::string const& digits, bool lastTwoOnly);
+    void addHexCode(signed char v) { addHex(hex(2, v), true); }
+    void addHexCode(unsigned char v) { addHex(hex(2, v), true); }
+    void addHexCode(short v) { addHex(hex(4, v), false); }
+    void addHexCode(unsigned short v) { addHex(hex(4, v), false); }
+    void addHexCode(int v) { addHex(hex(8, v), false); }
+    void addHexCode(unsigned int v) { addHex(hex(8, static_cast<int>(v)), false); }
     int toInt(bool* ok) const;
     long long toInt64(bool* ok) const;
     long long toIntFromHex(int bits, bool asSigned, bool cutDigits, bool* ok);
 
 private:
+    // The value with zeros in front to `digits` places; the formatter sees it promoted to int.
+    static std::string hex(int digits, int promoted);
     // The temporary that a zero-terminated argument becomes.
     String8Model temporary(Text s) const;
 };

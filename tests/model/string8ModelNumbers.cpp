@@ -21,6 +21,13 @@ void String8Model::addNrSpacing(long long v, signed char width)
     addSpacingC(&digits, width);
 }
 
+std::string String8Model::hex(int digits, int promoted)
+{
+    char formatted[24];
+    std::snprintf(formatted, sizeof formatted, "%0*X", digits, static_cast<unsigned>(promoted));
+    return formatted;
+}
+
 void String8Model::addHex(std::string const& digits, bool lastTwoOnly)
 {
     std::string kept = digits.substr(0, std::min(digits.size(), capacity()));

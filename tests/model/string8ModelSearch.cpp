@@ -33,6 +33,11 @@ int String8Model::indexOfWideUnit(unsigned short c, int start) const
     return -1;
 }
 
+int String8Model::lastIndexOfWideUnit(unsigned short c, int start) const
+{
+    return lastIndexOfUnit(static_cast<char>(c % 256), start);
+}
+
 bool String8Model::contains(Text s) const
 {
     return indexOf(temporary(s), 0) != -1;
@@ -43,10 +48,10 @@ bool String8Model::containsCaseSen(Text s) const
     return indexOfCaseSen(temporary(s), 0) != -1;
 }
 
-bool String8Model::containsCaseSen(Text s, int n) const
+bool String8Model::containsCaseSen(std::string const& s, int n) const
 {
     String8Model pattern(image(), 0);
-    pattern.constructCounted(*s, n);
+    pattern.constructCounted(s, n);
     return indexOfCaseSen(pattern, 0) != -1;
 }
 

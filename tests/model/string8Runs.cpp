@@ -1,5 +1,6 @@
 #include "tests/model/string8Runs.h"
 
+#include "tests/model/string8Model.h"
 #include "tests/model/stringDriver.h"
 
 namespace qvTest {

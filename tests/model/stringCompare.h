@@ -1,7 +1,6 @@
 #pragma once
 
-#include "tests/model/stringExecute.h"
-#include "tests/model/stringExpected.h"
+#include "tests/model/stringCall.h"
 
 #include <string>
 

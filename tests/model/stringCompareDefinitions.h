@@ -33,7 +33,7 @@ inline std::string dump(unsigned char const* bytes, std::size_t size, std::size_
     return told;
 }
 
-inline std::string dump(std::optional<std::vector<unsigned char>> const& bytes)
+inline std::string dump(std::optional<Bytes> const& bytes)
 {
     return bytes ? dump(bytes->data(), bytes->size(), 0) : " nothing";
 }
@@ -89,6 +89,8 @@ std::string describeDifference(ExpectedOutcome<Model> const& expected, Outcome c
         told += "the string given back has another size\n";
     else if (expected.text)
         told += describeDifference("the string given back", *expected.text, actual.text->data());
+    if (!actual.isReceiver)
+        told += "the reference given back is not to the receiver\n";
     if (expected.narrow != actual.narrow)
         told += "8-bit text: expected" + dump(expected.narrow) + ", actual" + dump(actual.narrow) +
                 "\n";
@@ -99,7 +101,7 @@ template <class Model>
 std::string describeCall(StringCall const& call, StringModels<Model> const& before)
 {
     std::string told =
-        "capacity " + std::to_string(before[0].capacity()) + ": " + call.describe() + "\n";
+        "capacity " + std::to_string(before[0].capacity()) + ": " + describeCall(call) + "\n";
     for (std::size_t i = 0; i < before.size(); ++i)
         told += "string " + std::to_string(i) + " before, length " +
                 std::to_string(before[i].length()) + ":" +
@@ -114,7 +116,8 @@ std::string describeResult(StringCall const& call, ExpectedOutcome<Model> const&
     std::optional<long long> value = outcome.value;
     if (value && outcome.signOnly)
         value = sign(*value);
-    std::string told = call.describe() + ": value " + shown(value) + ", out " + shown(outcome.side);
+    std::string told =
+        describeCall(call) + ": value " + shown(value) + ", out " + shown(outcome.side);
     if (outcome.text)
         told += ", text " + storedBytes(outcome.text->used());
     if (outcome.narrow)

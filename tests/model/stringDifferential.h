@@ -63,8 +63,7 @@ inline int sequencesAt(std::size_t capacity)
     return (capacity <= 15 ? 4000 : capacity <= 250 ? 2000 : 400) / slowness;
 }
 
-// A member that the driver does not find under its signature would go untested without a word, so
-// the calls are counted as well.
+// A row that no input comes to would go untested without a word, so the calls are counted as well.
 inline void expectTheBytesOfTheModel(StringRun const& run)
 {
     CallCounts counts{};
@@ -78,17 +77,10 @@ inline void expectTheBytesOfTheModel(StringRun const& run)
     }
 
     std::string missing;
-    std::string tooMany;
-    for (std::size_t i = 0; i < operationCount; ++i) {
-        OperationInfo const& info = operationInfos[i];
-        bool const expected = (info.images & run.image) != 0;
-        if (expected && counts[i] == 0)
-            missing += std::string(" ") + info.name;
-        if (!expected && counts[i] != 0)
-            tooMany += std::string(" ") + info.name;
-    }
+    for (std::size_t i = 0; i < StringRows::count; ++i)
+        if ((StringRows::images[i] & run.image) != 0 && counts[i] == 0)
+            missing += std::string(" ") + StringRows::names[i];
     EXPECT_EQ(missing, "");
-    EXPECT_EQ(tooMany, "");
 }
 
 // Inside the contract a caller cannot tell by the texts which image is behind them.

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "tests/model/stringCall.h"
 #include "tests/model/stringCompare.h"
-#include "tests/model/stringExecute.h"
-#include "tests/model/stringExpected.h"
 #include "tests/model/stringRun.h"
 
 #include <cstdio>
@@ -14,6 +13,87 @@ namespace qvTest {
 // What the driver has to know of a class: its place among the images, capacity, layout and model.
 template <class C>
 struct StringTraits;
+
+// How each row is called on objects of class C. Rows of one signature share one function, which is
+// given the member: the compiler takes longest over the number of functions.
+template <class C>
+struct ObjectCalls
+{
+    using AnyMember = void const*; // to the member pointer
+    struct Entry
+    {
+        void (*call)(StringCall const&, GuardedStrings<C>&, Outcome&, AnyMember) = nullptr;
+        AnyMember member = nullptr;
+    };
+
+    template <class R>
+    static constexpr Entry of()
+    {
+        return entryOf<R>(static_cast<typename R::Call*>(nullptr));
+    }
+
+private:
+    template <class R, class... Slots>
+    static constexpr Entry entryOf(CallWith<Slots...>*)
+    {
+        if constexpr (std::is_base_of_v<Constructor, R>)
+            return {construct<Slots...>};
+        else if constexpr (std::is_base_of_v<OwnCall, R>)
+            return {callOwn<R, Slots...>};
+        else if constexpr (!std::is_member_pointer_v<decltype(R::template member<C>())>)
+            return {callStatic<R, Slots...>};
+        else
+            return {callMember<std::remove_const_t<decltype(memberOf<R>)>, Slots...>, &memberOf<R>};
+    }
+
+    template <class R>
+    static constexpr auto memberOf = R::template member<C>();
+
+    template <class Member, class... Slots>
+    static void callMember(StringCall const& call, [[maybe_unused]] GuardedStrings<C>& objects,
+                           [[maybe_unused]] Outcome& outcome, AnyMember any)
+    {
+        [[maybe_unused]] auto const& with = static_cast<CallWith<Slots...> const&>(call);
+        Member const member = *static_cast<Member const*>(any);
+        C& s = objects[call.receiver].get();
+        if constexpr (std::is_void_v<decltype((s.*
+                                               member)(with.Slots::parameter.given(objects)...))>)
+            (s.*member)(with.Slots::parameter.given(objects)...);
+        else
+            keep(outcome, s, (s.*member)(with.Slots::parameter.given(objects)...));
+    }
+
+    template <class R, class... Slots>
+    static void callStatic(StringCall const& call, GuardedStrings<C>& objects, Outcome& outcome,
+                           AnyMember)
+    {
+        auto const& with = static_cast<CallWith<Slots...> const&>(call);
+        keep(outcome, objects[call.receiver].get(),
+             R::template member<C>()(with.Slots::parameter.given(objects)...));
+    }
+
+    template <class... Slots>
+    static void construct(StringCall const& call, GuardedStrings<C>& objects, Outcome&, AnyMember)
+    {
+        [[maybe_unused]] auto const& with = static_cast<CallWith<Slots...> const&>(call);
+        objects[call.receiver].construct(
+            static_cast<typename decltype(Slots::parameter)::template As<C>>(
+                with.Slots::parameter.given(objects))...);
+    }
+
+    template <class R, class... Slots>
+    static void callOwn(StringCall const& call, [[maybe_unused]] GuardedStrings<C>& objects,
+                        [[maybe_unused]] Outcome& outcome, AnyMember)
+    {
+        [[maybe_unused]] auto const& with = static_cast<CallWith<Slots...> const&>(call);
+        C& s = objects[call.receiver].get();
+        if constexpr (std::is_void_v<decltype(R::onObject(
+                          s, with.Slots::parameter.given(objects)...))>)
+            R::onObject(s, with.Slots::parameter.given(objects)...);
+        else
+            keep(outcome, s, R::onObject(s, with.Slots::parameter.given(objects)...));
+    }
+};
 
 // Reads calls off the input, runs each on real objects and on models, and compares everything it
 // gives back and every byte of every object and of the guards around it.
@@ -40,34 +120,38 @@ public:
             models.back().construct();
         }
         while (!input.atEnd()) {
-            StringCall const call = StringCall::read(input, models);
-            if ((options.sharedBy & ~infoOf(call.operation).images) != 0)
+            auto const call = readCall(ReadingOf<Model>(input, models));
+            std::size_t const place = call->place;
+            if ((options.sharedBy & ~StringRows::images[place]) != 0)
                 continue;
-            if (!isWithin(options.reach, call, models))
+            if (objectCalls[place].call == nullptr || !isWithin(options.reach, *call, models))
                 continue;
-            std::string const difference = step(call);
+            std::string const difference = step(*call);
             if (!difference.empty())
                 return difference;
-            bringBackInside(models[call.receiver], objects[call.receiver]);
+            bringBackInside(models[call->receiver], objects[call->receiver]);
         }
         return {};
     }
 
 private:
+    static constexpr auto objectCalls =
+        StringRows::table<StringTraits<C>::place, typename ObjectCalls<C>::Entry, ObjectCalls<C>>();
+
     std::string step(StringCall const& call)
     {
         if (options.announce) {
-            std::puts(call.describe().c_str());
+            std::puts(describeCall(call).c_str());
             std::fflush(stdout);
         }
-        std::optional<Outcome> const actual = StringExecution<C, capacity>(call, objects).run();
-        if (!actual)
-            return {};
         if (options.counts != nullptr)
-            ++(*options.counts)[static_cast<std::size_t>(call.operation)];
+            ++(*options.counts)[call.place];
         StringModels<Model> const before = models;
         ExpectedOutcome<Model> const expected = runOnModels(call, models);
-        std::string difference = describeDifference(expected, *actual);
+        Outcome actual;
+        objectCalls[call.place].call(call, objects, actual, objectCalls[call.place].member);
+        actual.side = sideOf(call);
+        std::string difference = describeDifference(expected, actual);
         for (std::size_t i = 0; i < stringCount; ++i) {
             difference +=
                 describeDifference("string " + std::to_string(i), models[i], objects[i].bytes());

@@ -33,6 +33,8 @@ public:
     bool leftObject() const { return strayed; }
     std::size_t capacity() const { return layout.capacity; }
     std::size_t length() const;
+    bool isEmpty() const { return length() == 0; }
+    bool hasData() const { return length() != 0; }
     // The units in use, and the stored text up to its first zero whatever the length says.
     String used() const;
     String storedText() const;
@@ -66,6 +68,7 @@ public:
         bool exact;
     };
     bool equals(StringModel const& o) const;
+    bool unequal(StringModel const& o) const { return !equals(o); }
     bool isEqual(StringModel const& o) const;
     bool isEqualUnits(String const& s, int n) const;
     bool isEqualSameCaseUnits(String const& s, int n) const;
@@ -83,6 +86,10 @@ public:
     int indexOfCaseSenUnit(Unit c, int start) const;
     int lastIndexOfUnit(Unit c, int start) const;
     int indexOfFirstOcc(std::vector<StringModel const*> const& patterns, int& which) const;
+    int indexOfFirstOcc(StringModel const& a, StringModel const& b, int* which) const;
+    int indexOfFirstOcc(StringModel const& a, StringModel const& b, StringModel const& c,
+                        StringModel const& d, StringModel const& e, StringModel const& f,
+                        int* which) const;
     int countUnit(Unit c) const;
     int countUnitCaseSen(Unit c) const;
     bool contains(StringModel const& p) const;

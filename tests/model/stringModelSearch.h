@@ -194,6 +194,28 @@ int StringModel<Unit>::indexOfFirstOcc(std::vector<StringModel const*> const& pa
 }
 
 template <class Unit>
+int StringModel<Unit>::indexOfFirstOcc(StringModel const& a, StringModel const& b, int* which) const
+{
+    int found = 0;
+    int const at = indexOfFirstOcc({&a, &b}, found);
+    if (which != nullptr)
+        *which = found;
+    return at;
+}
+
+template <class Unit>
+int StringModel<Unit>::indexOfFirstOcc(StringModel const& a, StringModel const& b,
+                                       StringModel const& c, StringModel const& d,
+                                       StringModel const& e, StringModel const& f, int* which) const
+{
+    int found = 0;
+    int const at = indexOfFirstOcc({&a, &b, &c, &d, &e, &f}, found);
+    if (which != nullptr)
+        *which = found;
+    return at;
+}
+
+template <class Unit>
 int StringModel<Unit>::countUnit(Unit c) const
 {
     String const folded = upper(used());

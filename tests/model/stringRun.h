@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tests/model/stringCall.h"
+#include "tests/model/stringRows.h"
 
 #include <array>
 #include <cstddef>
@@ -9,7 +10,7 @@
 
 namespace qvTest {
 
-using CallCounts = std::array<std::size_t, operationCount>;
+using CallCounts = std::array<std::size_t, StringRows::count>;
 
 struct DriverOptions
 {
