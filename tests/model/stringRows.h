@@ -270,7 +270,8 @@ struct ToChar : OwnCall
     CALL(addSpacingUnits, both16, addSpacing, addSpacingUnits, (Units, Number<int const&>)) \
     CALL(addNrUnsignedInt, c16, addNr, addNumber, (Decimal<unsigned int const&>)) \
     CALL(addNrUnsignedChar, c16, addNr, addNumber, (Decimal<unsigned char const&>)) \
-    OWN(writeSpare, both16, WriteSpare, (Single))
+    OWN(writeSpare, both16, WriteSpare, (Single)) \
+    CALL(assignViewToConst, c8, operator=, assignView, (ViewToConst))
 // clang-format on
 
 #define QV_MODEL_RULE(rule_)                                                                       \
@@ -283,7 +284,7 @@ struct ToChar : OwnCall
     struct name_ : Row<images_, void parameters_>                                                  \
     {                                                                                              \
         static constexpr char const* name = #name_;                                                \
-        static constexpr char const* memberName = #member_;                                        \
+        static constexpr char const* memberName = #kind_ " " #member_;                             \
         template <class C>                                                                         \
         static constexpr auto member()                                                             \
         {                                                                                          \
@@ -297,7 +298,7 @@ struct ToChar : OwnCall
     struct name_ : Row<images_, void parameters_>, Constructor                                     \
     {                                                                                              \
         static constexpr char const* name = #name_;                                                \
-        static constexpr char const* memberName = "constructor";                                   \
+        static constexpr char const* memberName = "constructor ";                                  \
         QV_MODEL_RULE(rule_)                                                                       \
     };
 #define QV_OWN(name_, images_, calls_, parameters_)                                                \
