@@ -56,11 +56,12 @@ private:
         [[maybe_unused]] auto const& with = static_cast<CallWith<Slots...> const&>(call);
         Member const member = *static_cast<Member const*>(any);
         C& s = objects[call.receiver].get();
-        if constexpr (std::is_void_v<decltype((s.*
-                                               member)(with.Slots::parameter.given(objects)...))>)
-            (s.*member)(with.Slots::parameter.given(objects)...);
+        if constexpr (std::is_void_v<decltype((s.*member)(
+                          static_cast<Slots const&>(with).parameter.given(objects)...))>)
+            (s.*member)(static_cast<Slots const&>(with).parameter.given(objects)...);
         else
-            keep(outcome, s, (s.*member)(with.Slots::parameter.given(objects)...));
+            keep(outcome, s,
+                 (s.*member)(static_cast<Slots const&>(with).parameter.given(objects)...));
     }
 
     template <class R, class... Slots>
@@ -69,7 +70,7 @@ private:
     {
         auto const& with = static_cast<CallWith<Slots...> const&>(call);
         keep(outcome, objects[call.receiver].get(),
-             R::template member<C>()(with.Slots::parameter.given(objects)...));
+             R::template member<C>()(static_cast<Slots const&>(with).parameter.given(objects)...));
     }
 
     template <class... Slots>
@@ -78,7 +79,7 @@ private:
         [[maybe_unused]] auto const& with = static_cast<CallWith<Slots...> const&>(call);
         objects[call.receiver].construct(
             static_cast<typename decltype(Slots::parameter)::template As<C>>(
-                with.Slots::parameter.given(objects))...);
+                static_cast<Slots const&>(with).parameter.given(objects))...);
     }
 
     template <class R, class... Slots>
@@ -88,10 +89,11 @@ private:
         [[maybe_unused]] auto const& with = static_cast<CallWith<Slots...> const&>(call);
         C& s = objects[call.receiver].get();
         if constexpr (std::is_void_v<decltype(R::onObject(
-                          s, with.Slots::parameter.given(objects)...))>)
-            R::onObject(s, with.Slots::parameter.given(objects)...);
+                          s, static_cast<Slots const&>(with).parameter.given(objects)...))>)
+            R::onObject(s, static_cast<Slots const&>(with).parameter.given(objects)...);
         else
-            keep(outcome, s, R::onObject(s, with.Slots::parameter.given(objects)...));
+            keep(outcome, s,
+                 R::onObject(s, static_cast<Slots const&>(with).parameter.given(objects)...));
     }
 };
 

@@ -32,11 +32,12 @@ private:
     {
         [[maybe_unused]] auto const& with = static_cast<CallWith<Slots...> const&>(call);
         Model& s = models[call.receiver];
-        if constexpr (std::is_void_v<decltype(R::onModel(s,
-                                                         with.Slots::parameter.given(models)...))>)
-            R::onModel(s, with.Slots::parameter.given(models)...);
+        if constexpr (std::is_void_v<decltype(R::onModel(
+                          s, static_cast<Slots const&>(with).parameter.given(models)...))>)
+            R::onModel(s, static_cast<Slots const&>(with).parameter.given(models)...);
         else
-            keep(outcome, s, R::onModel(s, with.Slots::parameter.given(models)...));
+            keep(outcome, s,
+                 R::onModel(s, static_cast<Slots const&>(with).parameter.given(models)...));
     }
 };
 
@@ -59,10 +60,14 @@ private:
     template <class R, class... Slots>
     static constexpr ModelLimit<Model> allowsOf(CallWith<Slots...>*)
     {
-        return [](Scene<Model> const& scene, StringCall const& call) {
-            auto const& with = static_cast<CallWith<Slots...> const&>(call);
-            return Limit<R>::allows(scene, with.Slots::parameter...);
-        };
+        return allows<R, Slots...>;
+    }
+
+    template <class R, class... Slots>
+    static bool allows(Scene<Model> const& scene, StringCall const& call)
+    {
+        auto const& with = static_cast<CallWith<Slots...> const&>(call);
+        return Limit<R>::allows(scene, static_cast<Slots const&>(with).parameter...);
     }
 };
 
