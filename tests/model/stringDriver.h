@@ -43,11 +43,11 @@ private:
         else if constexpr (!std::is_member_pointer_v<decltype(R::template member<C>())>)
             return {callStatic<R, Slots...>};
         else
-            return {callMember<std::remove_const_t<decltype(memberOf<R>)>, Slots...>, &memberOf<R>};
+            return {callMember<decltype(R::template member<C>()), Slots...>, &memberOf<R>};
     }
 
     template <class R>
-    static constexpr auto memberOf = R::template member<C>();
+    static constexpr decltype(R::template member<C>()) memberOf = R::template member<C>();
 
     template <class Member, class... Slots>
     static void callMember(StringCall const& call, [[maybe_unused]] GuardedStrings<C>& objects,
