@@ -11,7 +11,7 @@ shift
 
 calls=$(nm --undefined-only "$@")
 expect 'return addresses are checked' __stack_chk_fail "$(grep -o -m 1 __stack_chk_fail <<<"$calls")"
-expect 'calls of the C library are checked' __printf_chk "$(grep -o -m 1 __printf_chk <<<"$calls")"
+expect 'calls of the C library are checked' __vsnprintf_chk "$(grep -o -m 1 __vsnprintf_chk <<<"$calls")"
 segments=$(readelf --segments --wide "$tool")
 expect 'tables of addresses become read-only' GNU_RELRO "$(grep -o GNU_RELRO <<<"$segments")"
 expect 'no stack is executable' RW "$(sed -nE 's/.*GNU_STACK.* (R.*) 0x.*/\1/p' <<<"$segments" | xargs)"

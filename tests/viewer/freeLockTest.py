@@ -9,8 +9,8 @@ import subprocess
 import threading
 import time
 
-from clientSegment import RECORD_MARKER, Guest, attached
 from mailboxCase import PATIENCE, TOOL, WITHOUT_PRIVILEGE, MailboxTest, main, view
+from clientSegment import RECORD_MARKER, Guest, attached
 
 FREED = "done       freed the lock, which was taken at every look for 2.5 seconds\n"
 

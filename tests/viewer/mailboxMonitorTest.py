@@ -10,8 +10,8 @@ import subprocess
 import tempfile
 import time
 
-from clientSegment import MESSAGE_COUNT, RECORD_MARKER, Guest
 from mailboxCase import (HEALTHY, PATIENCE, TOOL, VIEW, WITHOUT_PRIVILEGE, MailboxTest, main, view)
+from clientSegment import MESSAGE_COUNT, RECORD_MARKER, Guest
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 CONTRIB = os.path.join(HERE, "../../contrib/monitoring")
