@@ -190,9 +190,24 @@ void killAtEveryInstruction(Road const& road)
     EXPECT_EQ(reached + 1, road.size()) << "'" << road[reached].name << "' was the last state seen";
 }
 
-TEST(DeathAtEveryInstruction, WhileItStores)
+// Death leaves the bytes as they are, so one run tells what deaths at its instructions would leave:
+// the short form of the above.
+void lookAtEveryInstruction(Road const& road)
 {
-    // Entry 5, behind four that stand already. No byte of it is there before its time.
+    LaidSegment segment(road.front().segment);
+    std::size_t reached = 0;
+    for (SteppedTool tool; clientSegmentAttachCount() == 2; tool.step()) {
+        Bytes const present = segment.bytes();
+        if (present != road[reached].segment && reached + 1 < road.size())
+            ++reached;
+        ASSERT_TRUE(sameBytes(road[reached].segment, present)) << road[reached].name;
+    }
+    EXPECT_EQ(reached + 1, road.size()) << "'" << road[reached].name << "' was the last state seen";
+}
+
+// Entry 5, behind four that stand already. No byte of it is there before its time.
+Road roadOfStoring()
+{
     std::size_t const count = prefixSize + 2001, kind = prefixSize + 2006, type = prefixSize + 2036,
                       value = prefixSize + 2070;
     Road road{{"untouched", Mailbox().messageCount(4).bytes()}};
@@ -201,30 +216,63 @@ TEST(DeathAtEveryInstruction, WhileItStores)
     road = then(road, "entryIncomplete", kind, {2});
     road = then(road, "entryIncomplete", type, {5});
     road = then(road, "entryLocked", value, {0x34, 0x12});
-    road = then(road, "entryFree", 0, {0});
+    return then(road, "entryFree", 0, {0});
+}
+
+// What is laid down, and nothing but the lock taken for a while.
+Road roadOfRefusing(Mailbox const& mailbox)
+{
+    Road road{{"untouched", mailbox.bytes()}};
+    road = then(road, "lockTaken", 0, {1});
+    return then(road, "untouched", 0, {0});
+}
+
+TEST(DeathAtEveryInstruction, WhileItStores)
+{
+    Road const road = roadOfStoring();
     ASSERT_TRUE(sameBytes(Mailbox().messageCount(4).message(5, 4660).bytes(), road.back().segment));
     killAtEveryInstruction(road);
 }
 
 TEST(DeathAtEveryInstruction, WhileItFindsTheQueueFull)
 {
-    Road road{{"untouched", Mailbox().messageCount(30).bytes()}};
-    road = then(road, "lockTaken", 0, {1});
-    road = then(road, "untouched", 0, {0});
-    killAtEveryInstruction(road);
+    killAtEveryInstruction(roadOfRefusing(Mailbox().messageCount(30)));
 }
 
 TEST(DeathAtEveryInstruction, WhileItFindsAWrongMarker)
 {
-    Road road{{"untouched", Mailbox().stateMarker(3076).bytes()}};
-    road = then(road, "lockTaken", 0, {1});
-    road = then(road, "untouched", 0, {0});
-    killAtEveryInstruction(road);
+    killAtEveryInstruction(roadOfRefusing(Mailbox().stateMarker(3076)));
 }
 
-// A neighbour that breaks the lock writes another count, ahead of any instruction. The count is
-// read once, so the entry is whole in one slot all the same.
-TEST(DeathAtEveryInstruction, ANeighboursCountTearsNoEntry)
+TEST(StateAtEveryInstruction, WhileItStores)
+{
+    lookAtEveryInstruction(roadOfStoring());
+}
+
+TEST(StateAtEveryInstruction, WhileItFindsTheQueueFull)
+{
+    lookAtEveryInstruction(roadOfRefusing(Mailbox().messageCount(30)));
+}
+
+// The instructions of a run that store, the lock's taking first and its giving back last.
+std::vector<std::size_t> storesOfARun(LaidSegment const& segment)
+{
+    std::vector<std::size_t> stores;
+    Bytes previous = segment.bytes();
+    std::size_t point = 0;
+    for (SteppedTool tool; clientSegmentAttachCount() == 2; tool.step(), ++point) {
+        Bytes const present = segment.bytes();
+        if (present != previous)
+            stores.push_back(point);
+        previous = present;
+    }
+    return stores;
+}
+
+// A neighbour that breaks the lock writes another count, ahead of each instruction from some that
+// come before the count is read until the entry is whole. The count is read once, so the entry is
+// whole in one slot all the same.
+TEST(StateAtEveryInstruction, ANeighboursCountTearsNoEntry)
 {
     std::size_t const count = prefixSize + 2001;
     Bytes const before = Mailbox().messageCount(4).bytes();
@@ -236,9 +284,13 @@ TEST(DeathAtEveryInstruction, ANeighboursCountTearsNoEntry)
     LaidSegment segment(before);
     std::vector<Address> const run = instructionsOfARun();
     segment.layAgain();
+    std::vector<std::size_t> const stores = storesOfARun(segment);
+    segment.layAgain();
+    ASSERT_EQ(stores.size(), 6u); // the lock, the count, the entry's three bytes or words, the lock
+    std::size_t const first = stores[1] - 30, last = stores[4];
     Approach approach(run);
     std::set<Bytes> met;
-    for (std::size_t point = 0; point + 1 < run.size(); ++point) {
+    for (std::size_t point = first; point <= last; ++point) {
         {
             SteppedTool tool;
             ASSERT_NO_FATAL_FAILURE(approach.take(tool, point));
