@@ -5,7 +5,8 @@
 namespace qvTest {
 
 template bool isWithin(Reach, StringCall const&, StringModels<String16Model> const&);
-template ExpectedOutcome<String16Model> runOnModels(StringCall const&, StringModels<String16Model>&);
+template ExpectedOutcome<String16Model> runOnModels(StringCall const&,
+                                                    StringModels<String16Model>&);
 template std::string describeDifference(ExpectedOutcome<String16Model> const&, Outcome const&);
 template std::string describeDifference(std::string const&, StringModel<char16_t> const&,
                                         unsigned char const*);
