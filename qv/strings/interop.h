@@ -38,20 +38,24 @@ namespace qvInterop {
 /// The capacity of an 8-bit string class; 0 for any other type.
 template <typename>
 inline constexpr int capacity8 = 0;
+/// @cond
 template <int N>
 inline constexpr int capacity8<_qvString8_allSize<N>> = N;
 template <int N>
 inline constexpr int capacity8<_qvString8_evenSize_old<N>> = N;
 template <int N>
 inline constexpr int capacity8<_qvString8_UnevenSize_old<N>> = N;
+/// @endcond
 
 /// The capacity of a 16-bit string class; 0 for any other type.
 template <typename>
 inline constexpr int capacity16 = 0;
+/// @cond
 template <int N>
 inline constexpr int capacity16<_qvString<N>> = N;
 template <int N>
 inline constexpr int capacity16<_qvString_old<N>> = N;
+/// @endcond
 
 /// The capacity of any of the string classes; 0 for any other type.
 template <typename String>
@@ -118,8 +122,10 @@ private:
     char16_t text_[std::size_t{N}];
     std::size_t size_;
 };
+/// @cond
 template <String16 String>
 U16Text(String const&) -> U16Text<capacity16<String>>;
+/// @endcond
 
 /// The units of a 16-bit string as UTF-8, for what prints characters. Half of a surrogate pair
 /// becomes U+FFFD. Allocates nothing.
@@ -172,8 +178,10 @@ private:
     char text_[3 * std::size_t{N}]; // a pair of units is four bytes
     std::size_t size_ = 0;
 };
+/// @cond
 template <String16 String>
 Utf8Text(String const&) -> Utf8Text<capacity16<String>>;
+/// @endcond
 
 /// What prints characters takes this for the text of a string.
 /// @param string The string; an 8-bit one is only viewed.
@@ -183,7 +191,9 @@ std::string_view printable(String const& string)
 {
     return view(string);
 }
-/// @copydoc printable
+/// The same of a 16-bit string.
+/// @param string The string.
+/// @return The UTF-8 of the string; it converts to a view.
 template <String16 String>
 Utf8Text<capacity16<String>> printable(String const& string)
 {
@@ -264,6 +274,8 @@ void storeImage(String const& string, void* image)
 
 /// The text as GoogleTest shows it: in quotes, what is not printable ASCII in hexadecimal, and a
 /// length above N named.
+/// @param string The string.
+/// @param stream Where to.
 template <FixedString String>
 void print(String const& string, std::ostream& stream)
 {
@@ -294,6 +306,9 @@ void print(String const& string, std::ostream& stream)
 namespace qvStrings {
 
 /// Writes the text, with the width and fill of the stream.
+/// @param stream Where to.
+/// @param string The string.
+/// @return The stream.
 template <qvInterop::FixedString String>
 std::ostream& operator<<(std::ostream& stream, String const& string)
 {
@@ -302,6 +317,8 @@ std::ostream& operator<<(std::ostream& stream, String const& string)
 }
 
 /// What GoogleTest calls to show a string in a failure.
+/// @param string The string.
+/// @param stream Where to.
 template <qvInterop::FixedString String>
 void PrintTo(String const& string, std::ostream* stream)
 {
@@ -310,6 +327,7 @@ void PrintTo(String const& string, std::ostream* stream)
 
 } // namespace qvStrings
 
+/// @cond
 /// The hash of the text, so a string can be the key of an unordered container. `operator==` is
 /// finer in one place: two empty strings with different stale first units are unequal, so keep keys
 /// that are empty by `clear()`.
@@ -323,6 +341,7 @@ struct std::hash<String>
         return std::hash<std::string_view>{}(std::string_view(bytes, count));
     }
 };
+/// @endcond
 
 #ifdef __cpp_lib_format
 /// `std::format` takes a string as it takes a `std::string_view`.

@@ -387,7 +387,8 @@ public:
     {
         return find<Case::folded>(checkedRef(), pattern.checkedRun(), 0) >= 0;
     }
-    /// @copydoc contains(Self const&) const
+    /// @return True when the pattern is in the text, ignoring case.
+    /// @param pattern The pattern.
     bool contains(char const* pattern) const
     {
         return find<Case::folded>(checkedRef(), patternOf(pattern, capacity()), 0) >= 0;
@@ -403,7 +404,8 @@ public:
     {
         return find<Case::exact>(checkedRef(), pattern.checkedRun(), 0) >= 0;
     }
-    /// @copydoc containsCaseSen(Self const&) const
+    /// @return True when the pattern is in the text, exact.
+    /// @param pattern The pattern.
     bool containsCaseSen(char const* pattern) const
     {
         return find<Case::exact>(checkedRef(), patternOf(pattern, capacity()), 0) >= 0;
@@ -423,7 +425,8 @@ public:
     {
         return find<Case::upperInput>(checkedRef(), pattern.checkedRun(), 0) >= 0;
     }
-    /// @copydoc containsUpperCaseInput(Self const&) const
+    /// @return True when the pattern is in the upper fold of the text.
+    /// @param pattern The pattern, in upper case already, as promised.
     bool containsUpperCaseInput(char const* pattern) const
     {
         return find<Case::upperInput>(checkedRef(), patternOf(pattern, capacity()), 0) >= 0;
@@ -468,7 +471,8 @@ public:
     /// @return True when the text ends with the pattern, ignoring case.
     /// @param pattern Text to compare with.
     bool endsWith(Self const& pattern) const { return ends(checkedRef(), pattern.checkedRun()); }
-    /// @copydoc endsWith(Self const&) const
+    /// @return True when the text ends with the pattern, ignoring case.
+    /// @param pattern The pattern.
     bool endsWith(char const* pattern) const
     {
         return ends(checkedRef(), patternOf(pattern, capacity()));
