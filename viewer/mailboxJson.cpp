@@ -1,3 +1,4 @@
+#include "sender/clientOfSegment.h"
 #include "viewer/mailboxReport.h"
 
 #include <ctime>

@@ -3,7 +3,8 @@
 #include "qv/client/qvClientCommandName.h"
 #include "qv/segment/core/deferredSignals.h"
 #include "qv/segment/qvSharedMemory.h"
-#include "viewer/printable.h"
+#include "sender/clientOfSegment.h"
+#include "sender/printable.h"
 #include "viewer/segmentMapping.h"
 
 #include <algorithm>
@@ -15,7 +16,6 @@
 namespace {
 
 using qvSegment::segmentAttachRights;
-using qvSegment::segmentKey;
 using qvSegment::segmentMissingError;
 
 constexpr int readRights = 0444;
@@ -80,7 +80,7 @@ void lookAtPeople(MailboxLook& look)
 {
     shmid_ds const& status = look.status;
     look.owner = userName(status.shm_perm.uid);
-    look.client = lookAtProcess(status.shm_cpid, status.shm_ctime);
+    look.client = lookAtClient(status);
     look.last = lookAtProcess(status.shm_lpid, std::max(status.shm_atime, status.shm_dtime));
 }
 
@@ -154,13 +154,6 @@ int MailboxLook::recordSize() const
 int MailboxLook::entryCount() const
 {
     return format.isRight() ? std::min<int>(messageCount, maxClientMessages) : 0;
-}
-
-/// By the class's own name, though not its attaching: it would leave by its own rule.
-int clientSegmentKey()
-{
-    qvSharedMemory const segment(clientSegmentName);
-    return segmentKey(segment.name);
 }
 
 MailboxLook lookAtMailbox(bool underLock)

@@ -2,7 +2,7 @@
 
 #include "qv/client/qvClientMailbox.h"
 #include "qv/strings/qvString8.h"
-#include "viewer/processLook.h"
+#include "sender/processLook.h"
 #include "viewer/userName.h"
 
 #include <chrono>
@@ -74,9 +74,6 @@ struct MailboxLook
     /// Entries that may be shown: none of a record that is not a client's, never above 30.
     int entryCount() const;
 };
-
-/// The System V key of the client's segment.
-int clientSegmentKey();
 
 /// From when on a taken lock is stale: as long as a sender waits for it before it gives up.
 inline constexpr std::chrono::milliseconds staleLockTime{2500};

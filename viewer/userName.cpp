@@ -1,6 +1,6 @@
 #include "viewer/userName.h"
 
-#include "viewer/printable.h"
+#include "sender/printable.h"
 
 #include <cstdio>
 #include <pwd.h>

@@ -1,6 +1,6 @@
 #include "viewer/viewOptions.h"
 
-#include "viewer/printable.h"
+#include "sender/printable.h"
 
 #include <charconv>
 #include <cstring>

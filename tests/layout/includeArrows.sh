@@ -2,7 +2,7 @@
 # Includes run one way: sender, viewer -> client -> strings, and sender, viewer -> segment -> support
 # -> strings. The core of the strings knows no image, member or class above it. An example is what a
 # user writes: it sees public headers alone, those that lie in a room itself. The version of all
-# programs is the tool's.
+# programs is the tool's, and so is the judgement of processes.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
@@ -16,7 +16,7 @@ declare -A allowed=(
     [qv/segment]='qv/(segment|support|strings)/'
     [qv/client]='qv/(client|strings)/'
     [sender]='sender/|qv/(client|segment|strings)/'
-    [viewer]='viewer/|sender/qvVersion\.h|qv/(client|segment|strings)/'
+    [viewer]='viewer/|sender/(clientOfSegment|printable|processLook|qvVersion)\.h|qv/(client|segment|strings)/'
     [examples]='examples/|qv/[a-z]+/[^/]+"'
 )
 

@@ -1,6 +1,6 @@
 // What the system shows of processes. The test steps in where /proc is opened: a farm may hide the
 // processes of other users.
-#include "viewer/processLook.h"
+#include "sender/processLook.h"
 
 #include <gtest/gtest.h>
 

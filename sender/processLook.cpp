@@ -1,6 +1,6 @@
-#include "viewer/processLook.h"
+#include "sender/processLook.h"
 
-#include "viewer/printable.h"
+#include "sender/printable.h"
 
 #include <cerrno>
 #include <csignal>
