@@ -51,8 +51,7 @@ if(NOT QV_BUILD_TOOL)
 endif()
 
 # The tool, and what goes with it in a shell.
-install(TARGETS qvNodeDispatch mailboxView RUNTIME COMPONENT tool)
-install(PROGRAMS sender/qvNodeDispatchStatus TYPE BIN COMPONENT tool)
+install(TARGETS qvNodeDispatch qvNodeDispatchStatus mailboxView RUNTIME COMPONENT tool)
 install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tool
     FILES_MATCHING PATTERN "*.1")
 foreach(command IN ITEMS qvNodeDispatch qvNodeDispatchStatus) # both shells look for a file so named

@@ -23,8 +23,11 @@ function(qv_for_nodes program)
     endif()
 endfunction()
 
-qv_for_nodes(qvNodeDispatch)
-# The C linker driver keeps the C++ run time out: the product needs none of it once it is optimised.
-if(qvReleased)
-    set_target_properties(qvNodeDispatch PROPERTIES LINKER_LANGUAGE C)
-endif()
+foreach(front IN ITEMS qvNodeDispatch qvNodeDispatchStatus)
+    qv_for_nodes(${front})
+    # The C linker driver keeps the C++ run time out: the product needs none of it once it is
+    # optimised.
+    if(qvReleased)
+        set_target_properties(${front} PROPERTIES LINKER_LANGUAGE C)
+    endif()
+endforeach()

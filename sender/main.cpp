@@ -2,23 +2,12 @@
 #include "sender/commandTable.h"
 #include "sender/outcome.h"
 #include "sender/outputText.h"
-#include "sender/qvVersion.h"
 #include "sender/sendMessage.h"
 #include "sender/usage.h"
 
 #include <unistd.h>
 
 namespace {
-
-constexpr char ruler[] = "----------------------------------------------------------------\n";
-static_assert(sizeof ruler - 2 == 64);
-
-void addBanner(OutputText& text)
-{
-    text.add(ruler);
-    // Two blanks stand between name and number: one here and the one that the version begins with.
-    text.addFormatted("qvNodeDispatch %s      %s\n", qvVersion, "(c) qvNodeDispatch contributors");
-}
 
 void send(ClientMessage const& message, OutputText& text)
 {

@@ -1,8 +1,25 @@
 #include "sender/outcome.h"
 
 #include "sender/qvVersion.h"
+#include "sender/usage.h"
 
 namespace {
+
+/// In the order of `Outcome::Kind`.
+constexpr OutcomeRow rows[] = {
+    {"stored", 0, "the command is in the queue"},
+    {"usage", 1, "there is no command"},
+    {"unknownCommand", 1, "the command is not known"},
+    {"noSegment", 2, "no client runs here"},
+    {"noRight", 2, "this user may not send to the client"},
+    {"attachFailed", 6, "the client's segment cannot be attached"},
+    {"clientDead", 2, "the client is dead"},
+    {"wrongSize", 3, "the record has another size"},
+    {"accessFailed", 6, "the record cannot be reached"},
+    {"lockFailed", 4, "the lock stayed taken"},
+    {"wrongFormat", 3, "the record has another format"},
+    {"queueFull", 5, "the queue is full"},
+};
 
 /// A failure with the segment's own text. A message of 250 characters has no newline. The message
 /// is the format itself and no argument of "%s", by decision: a "%" in a system's error text reads
@@ -37,15 +54,27 @@ void addWrongFormat(OutputText& text, qvClientFormat const& found)
 
 } // namespace
 
+OutcomeRow const& rowOf(Outcome::Kind kind)
+{
+    return rows[static_cast<unsigned char>(kind)];
+}
+
 void add(OutputText& text, Outcome const& outcome)
 {
     switch (outcome.kind) {
+    case Outcome::Kind::usage:
+        addUsage(text);
+        break;
+    case Outcome::Kind::clientDead: // nothing that the tool itself finds
+        break;
     case Outcome::Kind::stored:
         text.add("Command send.\n\n"); // a blank line follows, intended
         break;
     case Outcome::Kind::unknownCommand:
         text.addFormatted("Unknown command %s\n", outcome.reason.asChar());
         break;
+    case Outcome::Kind::noSegment:
+    case Outcome::Kind::noRight:
     case Outcome::Kind::attachFailed:
         addFailure(text, "++++ Unable to attach shared memory! ", outcome.reason);
         break;

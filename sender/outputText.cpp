@@ -10,10 +10,10 @@ OutputText::OutputText()
     std::setvbuf(stdout, nullptr, _IONBF, 0);
 }
 
-void OutputText::add(char const* text)
+void OutputText::add(std::string_view text)
 {
-    std::size_t const added = std::min(std::strlen(text), room());
-    std::memcpy(text_ + length_, text, added);
+    std::size_t const added = std::min(text.size(), room());
+    std::memcpy(text_ + length_, text.data(), added);
     length_ += added;
 }
 

@@ -1,8 +1,11 @@
 #include "sender/sendMessage.h"
 
 #include "qv/client/qvClientMailbox.h"
+#include "qv/segment/core/segmentKey.h"
 #include "qv/segment/qvSharedMemory.h"
 #include "sender/outcome.h"
+
+#include <cerrno>
 
 namespace {
 
@@ -34,6 +37,13 @@ Outcome told(Outcome const& outcome, OutputText& text)
     return outcome;
 }
 
+Outcome::Kind kindOfFailedAttach(int error)
+{
+    if (error == qvSegment::segmentMissingError)
+        return Outcome::Kind::noSegment;
+    return error == EACCES ? Outcome::Kind::noRight : Outcome::Kind::attachFailed;
+}
+
 /// The steps between attaching and leaving; the first that fails ends them. What came of the record
 /// is worded before the lock is given back.
 std::optional<Outcome> deliver(qvSharedMemory& segment, ClientMessage const& message,
@@ -62,7 +72,7 @@ std::optional<Outcome> sendMessage(ClientMessage const& message,
 {
     qvSharedMemory segment(clientSegmentName);
     if (!segment.attach())
-        return told({Outcome::Kind::attachFailed, segment.errorString()}, text);
+        return told({kindOfFailedAttach(segment.error()), segment.errorString()}, text);
     auto const outcome = deliver(segment, message, untilTold, text);
     segment.detach();
     return outcome;

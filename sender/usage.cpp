@@ -2,8 +2,12 @@
 
 #include "qv/client/qvClientCommandName.h"
 #include "sender/commandTable.h"
+#include "sender/qvVersion.h"
 
 namespace {
+
+constexpr char ruler[] = "----------------------------------------------------------------\n";
+static_assert(sizeof ruler - 2 == 64);
 
 void addRow(OutputText& text, char const* label, char const* meaning)
 {
@@ -11,6 +15,13 @@ void addRow(OutputText& text, char const* label, char const* meaning)
 }
 
 } // namespace
+
+void addBanner(OutputText& text)
+{
+    text.add(ruler);
+    // Two blanks stand between name and number: one here and the one that the version begins with.
+    text.addFormatted("qvNodeDispatch %s      %s\n", qvVersion, "(c) qvNodeDispatch contributors");
+}
 
 void addUsage(OutputText& text)
 {

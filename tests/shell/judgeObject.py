@@ -7,6 +7,7 @@ UTF-8 decoder of another make. Silent when all is well.
 import codecs
 import json
 import os
+import re
 import sys
 
 # Python counts a cut-off sequence as one bad place; here each of its bytes is one.
@@ -25,7 +26,16 @@ with open(text_file, "rb") as file:
 
 if not line.isascii() or line.find(b"\n") != len(line) - 1:
     print("not one line of ASCII:", line)
-found = list(json.loads(line).items())
+told = json.loads(line)
+if list(told) != ["schema", "host", "time", "word", "outcome", "status", "reason", "text"]:
+    print("other fields:", list(told))
+if told["schema"] != 1 or told["host"] != os.uname().nodename:
+    print("not of this node:", line)
+if not re.fullmatch(r"\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ", told["time"]):
+    print("no time of RFC 3339:", told["time"])
+if not told["reason"] or "\n" in told["reason"]:
+    print("no sentence:", told["reason"])
+found = [(name, told[name]) for name in ("word", "outcome", "status", "text")]
 expected = [("word", decoded(os.fsencode(word))), ("outcome", outcome), ("status", int(status)),
             ("text", decoded(text))]
 if found != expected:

@@ -31,13 +31,13 @@ expect 'words of qvNodeDispatch.1' "$(commandWords sender/commandTable.cpp | sor
     "$(sed -nE 's/^\.It Cm //p' docs/man/qvNodeDispatch.1 | sed 's/ Ar .*//; s/ , /\n/g' | sort)"
 
 # The texts of the outcomes, as far as they are fixed.
-holds qvNodeDispatch.1 'text of an outcome' < <(grep -v '^#' sender/outcome.cpp |
+holds qvNodeDispatch.1 'text of an outcome' < <(grep -vE '^(#|    \{)' sender/outcome.cpp |
     grep -oE '"[^"]*(Unknown|\+\+\+\+|full|send)[^"]*"' |
     sed -E 's/"//g; s/\\n//g; s/ *(%s|\(%d).*//; s/^ +//')
 
 # The names of the outcomes with their statuses.
 expect 'outcomes of qvNodeDispatchStatus.1' \
-    "$(sed -nE 's/.*outcome=(\w+) status=([0-9]).*/\2 \1/p' sender/qvNodeDispatchStatus | sort)" \
+    "$(sed -nE 's/^ +\{"(\w+)", ([0-9]), ".*/\2 \1/p' sender/outcome.cpp | sort)" \
     "$(sed -nE 's/^\.It ([0-9]) Ta (\w+) Ta .*/\1 \2/p' docs/man/qvNodeDispatchStatus.1 | sort)"
 
 # The class as it is declared, and the texts of its errors.

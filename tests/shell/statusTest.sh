@@ -1,42 +1,23 @@
 #!/usr/bin/env bash
-# qvNodeDispatchStatus beside a tool that prints recorded texts: each comes through byte for byte
-# and becomes its status and its outcome.
+# qvNodeDispatchStatus beside the tool: the same text byte for byte, the status, the object, the one
+# line, and what it says of odd command lines.
 #
-#     statusTest.sh STATUS_SCRIPT
+#     statusTest.sh STATUS_PROGRAM TOOL
 set -euo pipefail
 # shellcheck source-path=SCRIPTDIR source=expect.sh
 source "$(dirname "${BASH_SOURCE[0]}")/expect.sh"
 isolate "$@"
 need python3 python3
-need dash dash
-need busybox busybox
-need localedef libc-bin
-export LC_ALL=C.UTF-8
-script=$(realpath "$1")
+need setpriv util-linux
+need ipcrm util-linux
+need prlimit util-linux
+program=$(realpath "$1")
+tool=$(realpath "$2")
 here=$(dirname "$(realpath "$0")")
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work"
-mkdir beside alone commands
-cp "$script" beside/
-cp "$script" alone/
-cat >beside/qvNodeDispatch <<'TOOL'
-#!/bin/sh
-cat "${0%/*}/recorded"
-. "${0%/*}/ending"
-TOOL
-chmod +x beside/qvNodeDispatch
-echo 'exit 0' >beside/ending
-
-ruler=$(printf '%064d' 0 | tr 0 -)
-banner="$ruler"'\nqvNodeDispatch  8.3.05      (c) qvNodeDispatch contributors\n'
-
-# Makes a text, in the escapes of printf, what the tool prints.
-record() {
-    # shellcheck disable=SC2059
-    printf -- "$1" >beside/recorded
-}
 
 # run STATUS WHAT COMMAND...: the command's status, its output left in `passed`.
 run() {
@@ -45,130 +26,137 @@ run() {
     expect "status of $2" "$1" "$status"
 }
 
-# recorded OUTCOME STATUS [WORD]: what becomes of the recorded text.
-recorded() {
-    local shell word=${3-abort}
-    for shell in dash 'bash --posix' 'busybox sh'; do
-        # shellcheck disable=SC2086
-        run "$2" "$1 in $shell" $shell beside/qvNodeDispatchStatus "$word"
-        expect "text of $1 in $shell" "$(od -c beside/recorded)" "$(od -c passed)"
-    done
-    run "$2" "$1, told as an object" beside/qvNodeDispatchStatus --json "$word"
-    expect "object of $1" '' \
-        "$(python3 "$here/judgeObject.py" passed beside/recorded "$word" "$1" "$2" 2>&1)"
+segment() {
+    [[ $1 == none ]] || ipcrm -M 0x4efcff 2>/dev/null || true # one of another user stays
+    [[ $1 == none ]] || python3 -B "$here/leaveSegment.py" "$1"
 }
 
-# outcome NAME STATUS TEXT [WORD]: what becomes of a text behind the banner.
+# outcome NAME STATUS STATE BRIEF [ARGUMENT...]: what a command comes to with a segment like that,
+# behind the words in `as`.
+as=()
 outcome() {
-    record "$banner$3"
-    recorded "$1" "$2" "${4-abort}"
+    local name=$1 status=$2 state=$3 brief=$4
+    shift 4
+    segment "$state"
+    "${as[@]}" "$tool" "$@" >text
+    segment "$state"
+    run "$status" "$name" "${as[@]}" "$program" "$@"
+    expect "text of $name" "$(od -c text)" "$(od -c passed)"
+    segment "$state"
+    run "$status" "$name, told as an object" "${as[@]}" "$program" --json "$@"
+    expect "object of $name" '' \
+        "$(python3 "$here/judgeObject.py" passed text "$1" "$name" "$status" 2>&1)"
+    segment "$state"
+    run "$status" "$name, object asked for behind the word" "${as[@]}" "$program" "$@" --json
+    expect "object of $name" '' \
+        "$(python3 "$here/judgeObject.py" passed text "$1" "$name" "$status" 2>&1)"
+    segment "$state"
+    run "$status" "$name, in brief" "${as[@]}" "$program" "$@" --brief
+    expect "line of $name" "$name${brief:+: $brief}" "$(cat passed)"
 }
 
-outcome stored 0 'Command send.\n\n'
-outcome usage 1 'qvNodeDispatch send the local client a command.\nUsage: qvNodeDispatch -command\n'
-outcome unknownCommand 1 'Unknown command aborted\n'
-outcome unknownCommand 1 'Unknown command \n' ''
-attach='++++ Unable to attach shared memory!'
-outcome noSegment 2 " 8.3.05$attach Shared Memory does not exist.\n"
-outcome noRight 2 " 8.3.05$attach shmget: Permission denied\n"
-outcome noRight 2 " 8.3.05$attach attach (shmat): Permission denied\n"
-outcome attachFailed 6 " 8.3.05$attach attach (shmat): Cannot allocate memory\n"
-outcome attachFailed 6 " 8.3.05$attach Shared Memory already exist, but size does not match.\n"
-outcome accessFailed 6 ' 8.3.05++++ Unable to access shared memory data! Not attached.\n'
-outcome wrongSize 3 ' 8.3.05++++ Shared memory has wrong data size! (22987!=22988)\n'
-outcome wrongFormat 3 \
-    ' 8.3.05++++ Shared memory has wrong data format! (0!=517  3077!=3077  1!=1)\n'
-outcome lockFailed 4 ' 8.3.05++++ Unable to lock shared memory data! lock: unable to get lock\n'
-outcome queueFull 5 ' 8.3.05 qvNodedispatch: Message buffer is full!\n'
-
-# The version is the banner's, whichever it is.
-record "${banner/8.3.05/10.0} 10.0 qvNodedispatch: Message buffer is full!\n"
-recorded queueFull 5
-
-# The words of the user, which the tool repeats, never stand for an outcome.
-outcome unknownCommand 1 'Unknown command Command send.\n\n' 'Command send.'
-outcome unknownCommand 1 'Unknown command \nCommand send.\n\n' $'\nCommand send.\n'
-outcome unknownCommand 1 "Unknown command \n 8.3.05$attach Shared Memory does not exist.\n"
-
-# A text that is nearly one of the tool's is none.
-outcome noOutcome 6 ''
-outcome noOutcome 6 'Command send.\n'
-outcome noOutcome 6 ' Command send.\n\n'
-outcome noOutcome 6 '\nCommand send.\n\n'
-outcome noOutcome 6 ' 8.3.06 qvNodedispatch: Message buffer is full!\n'
-for failure in 'Unable to attach shared memory! Shared Memory does not exist.' \
-    'Unable to attach shared memory! shmget: Permission denied' \
-    'Unable to attach shared memory! attach (shmat): Cannot allocate memory' \
-    'Unable to access shared memory data! Not attached.' \
-    'Unable to lock shared memory data! lock: unable to get lock' \
-    'Shared memory has wrong data size! (22987!=22988)' \
-    'Shared memory has wrong data format! (0!=517  3077!=3077  1!=1)'; do
-    outcome noOutcome 6 "++++ $failure\n"
-done
-outcome noOutcome 6 ' 8.3.05 qvNodedispatch: Message buffer is full!'
-for text in '' 'Command send.\n\n' 'one\nqvNodeDispatch  8.3.05      two\nCommand send.\n\n'; do
-    record "$text"
-    recorded noOutcome 6
-done
+outcome unknownCommand 1 none 'the command is not known' 'Command send.'
+outcome unknownCommand 1 none 'the command is not known' $'\nCommand send.\n'
+outcome unknownCommand 1 none 'the command is not known' -
+outcome unknownCommand 1 none 'the command is not known' ''
+outcome unknownCommand 1 none 'the command is not known' EventFrameDone 65536
+outcome noSegment 2 none 'no client runs here' abort
+outcome wrongSize 3 tooSmall 'the record has another size' abort
+outcome wrongFormat 3 blank 'the record has another format' abort
+outcome lockFailed 4 locked 'the lock stayed taken' abort
+outcome queueFull 5 full 'the queue is full' abort
+outcome stored 0 empty '' abort
+as=(setpriv --bounding-set -ipc_owner) # the superuser's right to pass is taken from it
+outcome noRight 2 closed 'this user may not send to the client' abort
+as=(prlimit --as=500000000) # the record has no room there
+outcome attachFailed 6 huge "the client's segment cannot be attached" abort
+as=()
 
 # Bytes of all kinds: control characters, quotes, UTF-8 of two to four bytes, no UTF-8 (stray,
-# cut off, overlong, a surrogate, beyond the last code point), no newline or many at the end.
+# cut off, overlong, a surrogate, beyond the last code point).
 bytes='\001\t\r\033\177"\\\\ %% \303\251 \342\202\254 \360\237\230\200 \364\217\277\277'
 bytes+=' \200 \360\237\230 \301\277 \340\237\277 \360\217\277\277 \355\240\200 \364\220\200\200'
 bytes+=' \365\200\200\200 \376\377 \303'
 # shellcheck disable=SC2059
-word=$(printf "$bytes")
-outcome unknownCommand 1 "Unknown command $bytes" "$word"
-outcome unknownCommand 1 "Unknown command $bytes\n\n\n"
+outcome unknownCommand 1 none 'the command is not known' "$(printf "$bytes")"
+outcome unknownCommand 1 none 'the command is not known' "$(printf '%09000d' 7)"
 
-# In GBK a letter can be the second byte of a character, and bash goes by the locale.
-localedef -i zh_CN -f GBK ./zh_CN.GBK || { echo 'FAILED: no GBK; install locales'; exit 1; }
-record "${banner}Unknown command \\201"
-run 1 'a word in GBK' env LOCPATH="$work" LC_ALL=zh_CN.GBK \
-    bash --posix beside/qvNodeDispatchStatus abort
-expect 'text of a word in GBK' "$(od -c beside/recorded)" "$(od -c passed)"
+# No word.
+"$tool" >text
+run 1 usage "$program"
+expect 'text of usage' "$(od -c text)" "$(od -c passed)"
+run 1 'usage, told as an object' "$program" --json
+expect 'word of usage' '[null, "usage", 1]' "$(python3 -c 'import json
+told = json.load(open("passed"))
+print(json.dumps([told["word"], told["outcome"], told["status"]]))')"
+run 1 'usage in brief' "$program" --brief
+expect 'line of usage' 'usage: there is no command' "$(cat passed)"
+run 0 help "$program" --help
+expect 'first line of the help' usage: "$(head -c 6 passed)"
+run 0 version "$program" --version
+expect version 8.3.05 "$(cat passed)"
 
-# A tool that does not end well has told nothing that counts, whatever it printed.
-for ending in 'exit 1' 'kill -KILL $$'; do
-    echo "$ending" >beside/ending
-    outcome toolFailed 6 'Command send.\n\n'
-done
-echo 'exit 0' >beside/ending
-
-# A text that nobody gets.
-record "${banner}Command send.\n\n"
+# An answer that nobody gets: the status tells what came of the command all the same.
 withoutReader='import os, subprocess, sys
 reader, writer = os.pipe()
 os.close(reader)
 sys.exit(subprocess.run(sys.argv[1:], stdout=writer).returncode)'
-for arguments in abort '--json abort'; do
-    command="beside/qvNodeDispatchStatus $arguments"
-    run 6 "$arguments into a full device" sh -c "$command >/dev/full"
-    run 6 "$arguments with standard output closed" sh -c "$command >&-"
-    # shellcheck disable=SC2086
-    run 6 "$arguments into a pipe without a reader" python3 -c "$withoutReader" $command
+for option in '' --json --brief; do
+    for state in none:2 empty:0; do
+        command="$program $option abort"
+        segment "${state%:*}"
+        run "${state#*:}" "abort $option into a full device" sh -c "$command >/dev/full"
+        segment "${state%:*}"
+        run "${state#*:}" "abort $option with standard output closed" sh -c "$command >&-"
+        segment "${state%:*}"
+        run "${state#*:}" "abort $option with all closed" sh -c "$command twice >&- 2>&-"
+        segment "${state%:*}"
+        # shellcheck disable=SC2086
+        run "${state#*:}" "abort $option into a pipe without a reader" \
+            python3 -c "$withoutReader" $command
+    done
 done
 
-# The tool is looked for beside the script, also behind a link to it, then in PATH.
-ln -s beside/qvNodeDispatchStatus linked
-run 0 'through a link' ./linked abort
-run 0 'the name alone' env PATH="$work/beside:$PATH" qvNodeDispatchStatus abort
-run 0 'a tool in PATH' env PATH="$work/beside:$PATH" alone/qvNodeDispatchStatus abort
-expect 'text of a tool in PATH' "$(od -c beside/recorded)" "$(od -c passed)"
-for command in awk dirname od readlink; do
-    ln -s "$(command -v "$command")" commands/ # the machine's own PATH may have the tool
-done
-run 6 'no tool' env PATH="$work/commands" alone/qvNodeDispatchStatus abort
-expect 'text of no tool' '' "$(cat passed)"
-expect 'complaint of no tool' \
-    'qvNodeDispatchStatus: no qvNodeDispatch beside this script or in PATH' "$(cat complaints)"
-: >nothing
-run 6 'no tool, told as an object' env PATH="$work/commands" alone/qvNodeDispatchStatus --json abort
-expect 'object of no tool' '' \
-    "$(python3 "$here/judgeObject.py" passed nothing abort noTool 6 2>&1)"
+# advice TEXT ARGUMENT...: what is said on standard error.
+advice() {
+    "$program" "${@:2}" >passed 2>complaints || true
+    expect "advice on ${*:2}" "${1:+qvNodeDispatchStatus: $1}" "$(cat complaints)"
+}
+advice '' abort
+advice '' -ABORT
+advice '' EventFrameDone 1
+advice '' EventFrameDone 65535
+advice "'twice' is ignored" abort twice
+advice "'8' is ignored" EventFrameDone 7 8
+advice 'did you mean abort?' abrot
+advice 'did you mean abort?' -abor
+advice 'did you mean RestartMachine?' RestartMachin
+advice '' nonsense
+advice 'EventFrameDone needs a number' EventFrameDone
+advice "'12abc' is no number from 1 to 65535; sent as 12" EventFrameDone 12abc
+advice "'1e3' is no number from 1 to 65535; sent as 1" EventFrameDone 1e3
+advice "'70000' is no number from 1 to 65535; sent as 4464" EventFrameDone 70000
+advice "'4294967297' is no number from 1 to 65535; sent as 1" EventFrameDone 4294967297
+advice "'9223372036854775808' is no number from 1 to 65535; sent as 65535" \
+    EventFrameDone 9223372036854775808
+advice "'0' is no number from 1 to 65535" EventFrameDone 0
 
-# The arguments reach the tool as they are; --json is one of them anywhere but in front.
-printf '#!/bin/sh\nprintf "<%%s>" "$@"\n' >beside/qvNodeDispatch
-run 6 'arguments' beside/qvNodeDispatchStatus -EventFrameDone '7 8' '' '*' --json
-expect 'arguments' '<-EventFrameDone><7 8><><*><--json>' "$(cat passed)"
+# The maker of this segment has ended.
+segment empty
+run 2 'a dead client' "$program" --require-client --brief abort
+expect 'line of a dead client' 'clientDead: the client is dead' "$(cat passed)"
+run 0 'a dead client that nobody asked about' "$program" abort
+
+# Dead before its parent has fetched it: its id is still taken.
+unfetched='import os, subprocess, sys
+maker = os.spawnvp(os.P_NOWAIT, sys.executable, [sys.executable, "-B", sys.argv[1], "empty"])
+os.waitid(os.P_PID, maker, os.WEXITED | os.WNOWAIT)
+sys.exit(subprocess.run(sys.argv[2:]).returncode)'
+run 2 'a dead client that nobody fetched' python3 -c "$unfetched" "$here/leaveSegment.py" \
+    "$program" --require-client --brief abort
+expect 'line of a dead client that nobody fetched' 'clientDead: the client is dead' "$(cat passed)"
+run 0 'the same, and nobody asked' "$program" abort
+
+run 2 'no client' "$program" --require-client --brief abort
+expect 'line of no client' 'noSegment: no client runs here' "$(cat passed)"
 finish
