@@ -7,16 +7,19 @@ _qvNodeDispatch() {
         UseCPUInteractive ReloadAllConfig ConfigSearchForApplications UpdateServiceCfg
         ShowProcessTree DevDebug checkjob EventFrameDone
     )
-    local typed=${COMP_WORDS[COMP_CWORD]} position=$COMP_CWORD
+    local typed=${COMP_WORDS[COMP_CWORD]} position=$COMP_CWORD word
     COMPREPLY=()
     if [[ ${COMP_WORDS[0]##*/} == qvNodeDispatchStatus ]]; then
-        [[ ${COMP_WORDS[1]} == --json ]] && ((position > 1)) && ((position -= 1))
-        ((COMP_CWORD == 1)) && [[ $typed == -* && --json == "$typed"* ]] && COMPREPLY=(--json)
+        for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
+            [[ $word == --* ]] && ((position -= 1)) # an option is no word, wherever it is
+        done
+        for word in --json --brief --require-client --help --version; do
+            [[ $typed == -* && $word == "$typed"* ]] && COMPREPLY+=("$word")
+        done
     fi
     ((position == 1)) || return 0 # all that can follow is a number
 
     [[ $typed == -* ]] && words=("${words[@]/#/-}")
-    local word
     for word in "${words[@]}"; do
         [[ ${word,,} == "${typed,,}"* ]] && COMPREPLY+=("$word") # the tool ignores case
     done

@@ -1,10 +1,12 @@
 # Completion of qvNodeDispatch and qvNodeDispatchStatus for fish.
 
-# True where the word belongs: first, or behind --json.
+# True where the word belongs: first, but for the options of qvNodeDispatchStatus.
 function __qvNodeDispatch_wordIsNext
     set -l before (commandline -opc)
+    if string match -qr 'qvNodeDispatchStatus$' -- $before[1]
+        set before (string match -v -- '--*' $before)
+    end
     test (count $before) -eq 1
-    or string match -qr 'qvNodeDispatchStatus --json$' "$before"
 end
 
 set -l vocabulary \
@@ -39,5 +41,9 @@ for command in qvNodeDispatch qvNodeDispatchStatus
         complete -c $command -n __qvNodeDispatch_wordIsNext -o $word -d $about
     end
 end
-complete -c qvNodeDispatchStatus -n 'test (count (commandline -opc)) -eq 1' \
-    -l json -d 'Print one JSON object instead of the text'
+
+complete -c qvNodeDispatchStatus -l json -d 'the answer as one JSON object'
+complete -c qvNodeDispatchStatus -l brief -d 'the answer as one line that is equal on equal nodes'
+complete -c qvNodeDispatchStatus -l require-client -d 'send nothing when the client is dead'
+complete -c qvNodeDispatchStatus -l help -d 'this text'
+complete -c qvNodeDispatchStatus -l version -d 'the version'

@@ -35,12 +35,18 @@ line 'qvNodeDispatch abort ' ''
 line 'qvNodeDispatch EventFrameDone ' ''
 line 'qvNodeDispatch --json ' ''
 line 'qvNodeDispatchStatus ' "${words[*]}"
-line 'qvNodeDispatchStatus -' "--json ${dashed[*]}"
-line 'qvNodeDispatchStatus --' '--json'
+options='--brief --help --json --require-client --version'
+line 'qvNodeDispatchStatus -' "$options ${dashed[*]}"
+line 'qvNodeDispatchStatus --' "$options"
+line 'qvNodeDispatchStatus --r' '--require-client'
 line 'qvNodeDispatchStatus --json ' "${words[*]}"
 line 'qvNodeDispatchStatus --json -disa' '-disable'
+line 'qvNodeDispatchStatus --brief --require-client RESTARTM' \
+    'RestartMachine RestartMachineAfterRender'
 line 'qvNodeDispatchStatus --json abort ' ''
 line 'qvNodeDispatchStatus abort ' ''
+line 'qvNodeDispatchStatus abort -' "$options"
+line 'qvNodeDispatchStatus --json abort --re' '--require-client'
 
 # The words of a line, sorted, since each shell has an order of its own.
 sorted() {
