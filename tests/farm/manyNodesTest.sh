@@ -62,7 +62,7 @@ expectStatus 2
 expectLine 'render01 +: ok=4 +changed=1 .* failed=0 .*'
 expectLine 'render02 +: ok=4 +changed=1 .* failed=0 .*'
 expectLine 'render03 +: .* unreachable=0 +failed=1 .*'
-expectLine 'fatal: \[render03\]: .*noSegment \(status 2\): .* Shared Memory does not exist\..*'
+expectLine 'fatal: \[render03\]: .*noSegment \(status 2\): Shared Memory does not exist\..*'
 expectHeardByBoth Disable
 
 # The number of the word that has one, and a run in check mode, which sends nothing.
