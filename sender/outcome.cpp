@@ -3,6 +3,9 @@
 #include "sender/qvVersion.h"
 #include "sender/usage.h"
 
+#include <cstddef>
+#include <iterator>
+
 namespace {
 
 /// In the order of `Outcome::Kind`.
@@ -20,6 +23,7 @@ constexpr OutcomeRow rows[] = {
     {"wrongFormat", 3, "the record has another format"},
     {"queueFull", 5, "the queue is full"},
 };
+static_assert(std::size(rows) == static_cast<std::size_t>(Outcome::Kind::queueFull) + 1);
 
 /// A failure with the segment's own text. A message of 250 characters has no newline. The message
 /// is the format itself and no argument of "%s", by decision: a "%" in a system's error text reads

@@ -40,6 +40,7 @@ struct OutcomeRow
     char const* sentence;
 };
 
+/// Every kind has its row.
 OutcomeRow const& rowOf(Outcome::Kind kind);
 
 /// Appends an outcome's text: the one place that words it. Scripts compare these lines, so every

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# The tool of the release is built with what cmake/hardening.cmake names.
+# A front of the sender in the release is built with what cmake/hardening.cmake names.
 #
-#     hardeningTest.sh TOOL OBJECT...
+#     hardeningTest.sh FRONT OBJECT...
 set -euo pipefail
 # shellcheck source-path=SCRIPTDIR source=../shell/expect.sh
 source "$(dirname "${BASH_SOURCE[0]}")/../shell/expect.sh"
