@@ -21,6 +21,7 @@ void OutputText::addFormatted(char const* format, ...)
 {
     std::va_list arguments;
     va_start(arguments, format);
+    // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): va_start is lost on clang 14
     int const wanted = std::vsnprintf(text_ + length_, room() + 1, format, arguments);
     va_end(arguments);
     if (wanted > 0)

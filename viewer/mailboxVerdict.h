@@ -36,6 +36,7 @@ enum class CheckState
     unknown = 3,
 };
 
+// NOLINTNEXTLINE(clang-analyzer-optin.performance.Padding): the order in which the table is read
 struct MailboxVerdict
 {
     MailboxProblem problem;

@@ -320,6 +320,7 @@ std::ostream& operator<<(std::ostream& stream, String const& string)
 /// @param string The string.
 /// @param stream Where to.
 template <qvInterop::FixedString String>
+// NOLINTNEXTLINE(readability-identifier-naming): GoogleTest's name
 void PrintTo(String const& string, std::ostream* stream)
 {
     qvInterop::print(string, *stream);

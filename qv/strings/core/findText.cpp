@@ -52,6 +52,7 @@ int slideBySum(Run<Unit> text, Run<Unit> pattern, unsigned start)
     unsigned sum = sumOf(text.units + start);
     for (unsigned i = start;; ++i) {
         Unit const* const span = text.units + i;
+        // NOLINTNEXTLINE(clang-analyzer-core.UndefinedBinaryOperatorResult): no pattern is empty
         if (sum == wanted && *span == *pattern.units &&
             equal<Case::exact>(span, pattern.units, count))
             return static_cast<int>(i);

@@ -1,7 +1,6 @@
 #include "qv/strings/core/numberText.h"
 
 #include "qv/strings/core/append.h"
-#include "qv/strings/core/move.h"
 #include "qv/strings/core/splice.h"
 
 #include <algorithm>
@@ -110,7 +109,7 @@ void appendZeroPadded(TextRef<unsigned short> self, long long value, unsigned mi
     char field[most];
     std::memset(field, '0', zeros);
     auto const kept = cut(number.run(), most - zeros);
-    moveUnits(field + zeros, kept);
+    std::memcpy(field + zeros, kept.units, kept.count);
     append<unsigned short, char>(self, {field, zeros + kept.count});
 }
 
