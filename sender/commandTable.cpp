@@ -29,7 +29,7 @@ constexpr Command commands[] = {
     {"UpdateServiceCfg", "UpdateServiceCfg    ", {ClientMessageType::command, 25}},
     {"ShowProcessTree", "ShowProcessTree    ", {ClientMessageType::command, 32}},
     {"DevDebug", "DevDebug    ", {ClientMessageType::command, 37}},
-    // Not a command code, so what it means stands here and not in the vocabulary.
+    // Not a command code, so its meaning is given here and not in the vocabulary.
     {"checkjob",
      "Checkjob",
      {ClientMessageType::checkJob, 9},

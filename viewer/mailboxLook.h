@@ -54,7 +54,7 @@ struct MailboxLook
     Clock::time_point time;      ///< When the lock byte was read.
     Clock::time_point takenFrom; ///< From when on it was seen taken, if it is.
     qvClientFormat format{};
-    unsigned char messageCount = 0; ///< As it stands; may be above the capacity.
+    unsigned char messageCount = 0; ///< As read; may be above the capacity.
     MailboxEntry entries[maxClientMessages]{};
 
     bool isLockTaken() const { return read && !lockedByUs && lockByte != 0; }

@@ -1,4 +1,4 @@
-/// Shows what stands in the client's mailbox and whether a command would get through. It changes
+/// Shows the client's mailbox and whether a command would get through. It changes
 /// nothing in there, apart from a lock that an option takes or frees, and never removes the
 /// segment. docs/man/mailboxView.1 has the options.
 

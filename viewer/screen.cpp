@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Home, and clear what is below.
+/// Home, and clear the lines below.
 constexpr char clearScreen[] = "\033[H\033[J";
 
 struct ScreenSize

@@ -5,8 +5,8 @@
 
 namespace {
 
-/// The names by code. They are shown to people and compared by scripts, so each stays as it
-/// stands, slips included.
+/// The names by code. They are shown to people and compared by scripts, so none
+/// changes, slips included.
 constexpr char const* names[] = {
     "None", // 0
     "Abort",

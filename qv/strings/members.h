@@ -53,7 +53,7 @@ public:
     /// Copies the whole image, the spare bytes too.
     Members(Members const&) = default;
 
-    /// Copies the length and all N + 1 units of text, so what stands behind the terminator travels
+    /// Copies the length and all N + 1 units of text, so the units behind the terminator travel
     /// too; the spare bytes of the image stay.
     /// @param other May be this string: nothing changes.
     /// @return This string.
@@ -82,8 +82,8 @@ public:
     /// text[0] to text[N - 1], else N. Terminator.
     void calcLength() { qvStrings::calcLength(ref()); }
 
-    /// Sets the length. Terminator. The text stays, so a greater length exposes whatever units
-    /// stand there.
+    /// Sets the length. Terminator. The text stays, so a greater length exposes the units
+    /// behind the old one.
     /// @param n Units: at or below 0 gives 0, above N gives N.
     void setLength(short const& n) { qvStrings::setLength(ref(), n); }
 
@@ -234,7 +234,7 @@ public:
     }
 
     /// @return True for equal lengths and equal units, ignoring case. Two empty strings are equal
-    /// whatever stands behind their terminators.
+    /// whatever units are behind their terminators.
     /// @param other String to compare with.
     bool isEqual(Self const& other) const
     {
@@ -505,9 +505,9 @@ public:
     }
 
     /// Replaces a text, searched ignoring case. The text put in is stepped over. When the text
-    /// grows past N its tail is cut, and the search goes on over what is left.
+    /// grows past N its tail is cut, and the search continues in the rest.
     /// @param from Text to replace; an empty one changes nothing.
-    /// @param to Put in as it stands.
+    /// @param to Put in unchanged.
     /// @return This string.
     Self& replace(Self const& from, Self const& to)
     {
@@ -541,8 +541,8 @@ public:
         return self();
     }
 
-    /// Removes a unit wherever it stands.
-    /// @param c Every unit equal to it, ignoring case, goes.
+    /// Removes every place of a unit.
+    /// @param c Every unit equal to it, ignoring case, is removed.
     /// @return A copy of the changed string.
     Self remove(Unit const& c)
     {
@@ -618,7 +618,7 @@ public:
         return result;
     }
 
-    /// What `left` gives, and the receiver keeps what stands behind the separator, which leaves it
+    /// Gives what `left` gives. The receiver keeps the text behind the separator, which leaves it
     /// in either case; nothing behind it sets the length to 0 and changes nothing else.
     /// @param c The separator. Not found: the receiver is cleared.
     /// @param withSeparator As for `left`.

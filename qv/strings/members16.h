@@ -9,7 +9,7 @@ namespace qvStrings {
 ///
 /// A raw 16-bit text is measured by `qvCharLen`, so it has at most 1024 units at every capacity.
 /// Where a single `char` or a counted `char const*` is compared it counts as a signed 32-bit value,
-/// so that a byte from 0x80 up equals no unit; the 8-bit namesakes know no such difference.
+/// so that a byte from 0x80 up equals no unit; the 8-bit namesakes compare the bytes.
 ///
 /// @tparam Self The public class.
 /// @tparam Image Its memory image.
@@ -171,7 +171,7 @@ public:
     /// unless the member says otherwise.
     /// @{
 
-    /// `startsWith` with a count: false when it is 0 or above the length as it stands (the 8-bit
+    /// `startsWith` with a count: false when it is 0 or above the length, not reduced (the 8-bit
     /// namesake takes it modulo 65536), else n modulo 65536 counts.
     /// @param s The pattern's bytes; need not be terminated.
     /// @param n How many.

@@ -53,14 +53,14 @@ public:
     QV_KEEPS_STORAGE _qvString(unsigned short const* s) { this->construct(qvStrings::measured(s)); }
 
     /// Units, zero units included; all text behind them zero, `reserved` stays.
-    /// @param s The units. Null goes with n = 0 only.
+    /// @param s The units. Null needs n = 0.
     /// @param n How many, modulo 65536, cut at N.
     QV_KEEPS_STORAGE _qvString(unsigned short const* s, int n)
     {
         this->construct(qvStrings::counted(s, n));
     }
 
-    /// The text of a view, whose length is taken as it stands: the caller knows that it is at most
+    /// The text of a view, whose length is trusted: the caller knows that it is at most
     /// N, since a longer text is written past the object. Exactly its units and the terminator are
     /// written.
     /// @param p The view; not null.
@@ -73,7 +73,7 @@ public:
         qvStrings::assignCleared(this->ref(), qvStrings::viewed(p), qvStrings::Extension::sign);
     }
 
-    /// The text of an older image: its length as it stands and the first N units of its text, stale
+    /// The text of an older image: its length, trusted, and the first N units of its text, stale
     /// ones included. Terminator; `reserved` and, for a shorter text, text[N] stay. A damaged
     /// length above N is taken too, and the terminator is then written past the text.
     /// @param o The image.

@@ -45,7 +45,7 @@ public:
     QV_KEEPS_STORAGE _qvString8_allSize(char const* s) { this->construct(qvStrings::measured(s)); }
 
     /// Bytes, zero bytes included, all text behind them zero.
-    /// @param s Must hold what is read; null goes with a count of 0 only.
+    /// @param s Must hold what is read; null needs a count of 0.
     /// @param count How many, modulo 65536 (-1 gives N characters), cut at N.
     QV_KEEPS_STORAGE _qvString8_allSize(char const* s, int count)
     {
@@ -60,7 +60,7 @@ public:
         qvStrings::assignCleared(this->ref(), qvStrings::measured(s));
     }
 
-    /// The text of a view, whose length is taken as it stands: the caller knows that it is at most
+    /// The text of a view, whose length is trusted: the caller knows that it is at most
     /// N, since a longer text is written past the object (`operator=` clips). Exactly its
     /// characters and the terminator are written.
     /// @param p The view; not null.
@@ -71,7 +71,7 @@ public:
         qvStrings::assignUnclipped(this->ref(), source);
     }
 
-    /// The text of an older image of the same capacity: its length as it stands and exactly N bytes
+    /// The text of an older image of the same capacity: its length, trusted, and exactly N bytes
     /// of its text, stale ones included. Terminator; nothing else is cleared. A damaged length
     /// above N is taken too, and the terminator is then written past the text.
     /// @param o The image.
@@ -112,7 +112,7 @@ public:
         return *this = static_cast<_qvString8_Uni_pointer const*>(p);
     }
 
-    /// The same for what `asUni()` hands out; without it such an assignment would go through the
+    /// The same for what `asUni()` hands out; without it the assignment would call the
     /// constructor that does not clip.
     /// @param p The view; not null.
     /// @return This string.
@@ -179,7 +179,7 @@ public:
     /// @copydoc addNr(int const&)
     void addNr(unsigned long long const& v) { qvStrings::appendNumber(this->checkedRef(), v); }
 
-    /// Appends the number in a field, zeros in front. The zeros stand in front of the sign too: -5
+    /// Appends the number in a field, zeros in front of the digits and of the sign: -5
     /// in 4 columns is "00-5" (intended).
     /// @param v The number.
     /// @param minWidth Least columns, sign included.
@@ -306,7 +306,7 @@ private:
                                      qvStrings::Run<char>{o.text, count});
     }
 
-    /// The text that a number is read from. Only the check that `ok` asks for goes by the length,
+    /// The text that a number is read from. Only the check that `ok` asks for uses the length,
     /// which a conversion from units may have left above N.
     auto numberRef(bool const* ok, char const* member = __builtin_FUNCTION()) const
     {

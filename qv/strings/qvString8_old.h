@@ -46,7 +46,7 @@ public:
     }
 
     /// Bytes, zero bytes included, all text behind them zero.
-    /// @param s Must hold what is read; null goes with a count of 0 only.
+    /// @param s Must hold what is read; null needs a count of 0.
     /// @param count How many, modulo 65536, cut at N.
     QV_KEEPS_STORAGE _qvString8_evenSize_old(char const* s, int count)
     {
@@ -88,7 +88,7 @@ public:
     }
 
     /// Bytes, zero bytes included, all text behind them zero.
-    /// @param s Must hold what is read; null goes with a count of 0 only.
+    /// @param s Must hold what is read; null needs a count of 0.
     /// @param count How many, modulo 65536, cut at N.
     QV_KEEPS_STORAGE _qvString8_UnevenSize_old(char const* s, int count)
     {

@@ -52,7 +52,7 @@ public:
     }
 
     /// Units, zero units included; all text behind them zero, `trailer` stays.
-    /// @param s The units. Null goes with n = 0 only.
+    /// @param s The units. Null needs n = 0.
     /// @param n How many, modulo 65536, cut at N.
     QV_KEEPS_STORAGE _qvString_old(unsigned short const* s, int n)
     {

@@ -34,7 +34,7 @@ public:
     Lanes operator&(Lanes other) const { return Lanes(lanes_ & other.lanes_); }
     Lanes operator^(Lanes other) const { return Lanes(lanes_ ^ other.lanes_); }
 
-    /// The units of a first side as they are compared: folded, or as they stand.
+    /// The units of a first side as they are compared: folded, or unchanged.
     template <Case mode>
     Lanes foldedFirst() const
     {

@@ -6,8 +6,8 @@
 #include <bit>
 #include <cstddef>
 
-/// Where two runs of units differ first: what folded comparisons and searches stand on. Inline for
-/// short runs, so that a search which verifies a span calls nothing.
+/// The first place where two runs of units differ: folded comparisons and searches use it. Inline
+/// for short runs, so that a search which verifies a span calls nothing.
 
 namespace qvStrings {
 

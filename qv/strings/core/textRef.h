@@ -91,7 +91,7 @@ private:
     Layout layout_;
 };
 
-/// True when both stand for one and the same object.
+/// True when both are one and the same object.
 template <typename Unit, typename Other>
 bool same(TextRef<Unit> const& a, TextRef<Other> const& b)
 {

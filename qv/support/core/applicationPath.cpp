@@ -21,7 +21,7 @@ Path currentDirectory()
     return directory;
 }
 
-/// A relative path with a "/" in it, against `directory`: each "../" climbs, and what stands ahead
+/// A relative path with a "/" in it, against `directory`: each "../" climbs, and what is ahead
 /// of the last one is dropped, names included (intended).
 Path resolve(Path const& relative, Path directory)
 {
