@@ -25,37 +25,9 @@ public:
     /// @return True when a signal has come meanwhile that will end the process as this object goes.
     /// One that is ignored or handled will not, nor one that was blocked before, nor one that only
     /// stops a process or does nothing unless it is handled.
-    bool endsPending() const
-    {
-        sigset_t pending;
-        if (sigpending(&pending) != 0)
-            return false;
-        for (int number = 1; number < NSIG; ++number)
-            if (sigismember(&pending, number) == 1 && sigismember(&previous_, number) == 0 &&
-                ends(number))
-                return true;
-        return false;
-    }
+    bool endsPending() const;
 
 private:
-    static bool ends(int number)
-    {
-        switch (number) {
-        case SIGCHLD:
-        case SIGCONT:
-        case SIGTSTP:
-        case SIGTTIN:
-        case SIGTTOU:
-        case SIGURG:
-        case SIGWINCH:
-            return false;
-        default:
-            break;
-        }
-        struct sigaction present;
-        return sigaction(number, nullptr, &present) == 0 && present.sa_handler == SIG_DFL;
-    }
-
     sigset_t previous_{}; // nobody held back, should the system refuse
 };
 
