@@ -4,15 +4,20 @@
 #include "qv/support/core/executablePath.h"
 #include "qv/support/qvSystem.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <iterator>
 
 namespace {
 
 template <int N>
-_qvString8_allSize<N> environmentVariable(char const* name)
+_qvString8_allSize<N> environmentVariable(_qvString8_allSize<250> const& name)
 {
+    // Up to a zero byte, whatever the length; a damaged name may have none.
+    char text[sizeof name.text + 1] = {};
+    std::copy(std::begin(name.text), std::end(name.text), text);
     _qvString8_allSize<N> value;
-    if (char const* const found = std::getenv(name))
+    if (char const* const found = std::getenv(text))
         value = found;
     return value;
 }
@@ -50,12 +55,12 @@ _qvString8_allSize<250> qvGetDirName_local(_qvString8_allSize<250> path)
 
 _qvString8_allSize<250> qvGetEnvironmentVariable8(_qvString8_allSize<250> const& name)
 {
-    return environmentVariable<250>(name.asChar());
+    return environmentVariable<250>(name);
 }
 
 _qvString8_allSize<5000> qvGetEnvironmentVariable8_long(_qvString8_allSize<250> const& name)
 {
-    return environmentVariable<5000>(name.asChar());
+    return environmentVariable<5000>(name);
 }
 
 _qvString<500> qvLastOSError(int code)

@@ -16,7 +16,8 @@ inline void keepBytes(void const* storage)
     asm volatile("" : : "r"(storage) : "memory");
 }
 
-// An object between guard bytes, in storage of its own, with all its bytes open to comparison.
+// An object between guard bytes, in storage of its own, with all its bytes open to comparison. Or
+// one in storage of the caller's, whose bytes are taken as they are.
 template <class C>
 class GuardedObject
 {
@@ -25,24 +26,30 @@ public:
     static constexpr unsigned char guardByte = 0xAA;
 
     explicit GuardedObject(unsigned char seed)
-        : storage(new unsigned char[sizeof(C) + 2 * guardSize])
+        : storage(new unsigned char[sizeof(C) + 2 * guardSize]),
+          place(storage.get() + guardSize)
     {
         std::fill_n(storage.get(), sizeof(C) + 2 * guardSize, guardByte);
-        std::fill_n(storage.get() + guardSize, sizeof(C), seed);
+        std::fill_n(place, sizeof(C), seed);
         construct();
     }
+
+    explicit GuardedObject(unsigned char* thePlace)
+        : place(thePlace),
+          object(reinterpret_cast<C*>(thePlace))
+    {}
 
     // Constructs anew over the bytes as they stand.
     template <class... Arguments>
     void construct(Arguments&&... arguments)
     {
-        keepBytes(storage.get());
-        object = new (storage.get() + guardSize) C(std::forward<Arguments>(arguments)...);
-        keepBytes(storage.get());
+        keepBytes(place);
+        object = new (place) C(std::forward<Arguments>(arguments)...);
+        keepBytes(place);
     }
 
     C& get() { return *object; }
-    unsigned char const* bytes() const { return storage.get() + guardSize; }
+    unsigned char const* bytes() const { return place; }
 
     bool guardsIntact() const
     {
@@ -55,6 +62,7 @@ public:
 
 private:
     std::unique_ptr<unsigned char[]> storage;
+    unsigned char* place;
     C* object = nullptr;
 };
 

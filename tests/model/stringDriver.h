@@ -1,10 +1,15 @@
 #pragma once
 
+#include "tests/model/damage.h"
+#include "tests/model/damagedLimits.h"
 #include "tests/model/stringCall.h"
 #include "tests/model/stringCompare.h"
 #include "tests/model/stringRun.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <iterator>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -60,8 +65,9 @@ private:
                           static_cast<Slots const&>(with).parameter.given(objects)...))>)
             (s.*member)(static_cast<Slots const&>(with).parameter.given(objects)...);
         else
-            keep(outcome, s,
-                 (s.*member)(static_cast<Slots const&>(with).parameter.given(objects)...));
+            take(outcome, s, [&]() -> decltype(auto) {
+                return (s.*member)(static_cast<Slots const&>(with).parameter.given(objects)...);
+            });
     }
 
     template <class R, class... Slots>
@@ -69,8 +75,21 @@ private:
                            AnyMember)
     {
         auto const& with = static_cast<CallWith<Slots...> const&>(call);
-        keep(outcome, objects[call.receiver].get(),
-             R::template member<C>()(static_cast<Slots const&>(with).parameter.given(objects)...));
+        take(outcome, objects[call.receiver].get(), [&] {
+            return R::template member<C>()(
+                static_cast<Slots const&>(with).parameter.given(objects)...);
+        });
+    }
+
+    // A string given back is made where the outcome says.
+    template <class Call>
+    static void take(Outcome& outcome, C const& s, Call const& call)
+    {
+        using Given = decltype(call());
+        if constexpr (std::is_class_v<Given> && std::is_trivially_destructible_v<Given>)
+            keep(outcome, s, std::move(*new (outcome.placeOf(sizeof(Given))) Given(call())));
+        else
+            keep(outcome, s, call());
     }
 
     template <class... Slots>
@@ -180,13 +199,97 @@ private:
     StringModels<Model> models;
 };
 
+// Runs one call on objects whose bytes may be anything, the length included, each with a page
+// without access to one side. Nothing is compared: the call has to come back.
+template <class C>
+class DamagedStrings
+{
+    static constexpr StringImage image = StringTraits<C>::image;
+    static constexpr std::size_t unitSize = sizeof(UnitOf<C>);
+
+public:
+    static bool call(std::size_t place, std::uint64_t seed)
+    {
+        if (objectCalls[place].call == nullptr)
+            return false;
+        static GuardedPages const pages[stringCount]{
+            GuardedPages(image.size), GuardedPages(image.size), GuardedPages(image.size)};
+        Damage damage(seed);
+        GuardedStrings<C> objects;
+        for (GuardedPages const& each : pages)
+            objects.emplace_back(damage.layString(each, image, unitSize, isTrusting<C>(place)));
+        auto made = anyCall(place, damage, objects);
+        while (!staysInside<C>(*made, objects))
+            made = anyCall(place, damage, objects);
+        Outcome outcome;
+        outcome.placeFor = damage.below(2) == 0 ? ahead : behind;
+        objectCalls[place].call(*made, objects, outcome, objectCalls[place].member);
+        return true;
+    }
+
+private:
+    static constexpr auto objectCalls =
+        StringRows::table<StringTraits<C>::place, typename ObjectCalls<C>::Entry, ObjectCalls<C>>();
+
+    class DamagedReading final : public Reading
+    {
+    public:
+        DamagedReading(ByteReader& theInput, GuardedStrings<C>& theObjects)
+            : Reading(theInput),
+              objects(theObjects)
+        {}
+
+        std::size_t capacity() const override { return image.capacity; }
+        std::size_t length(std::size_t string) const override
+        {
+            return std::min<std::size_t>(objects[string].get().length, image.capacity);
+        }
+        std::u16string used(std::size_t string) const override
+        {
+            auto const* const text = objects[string].get().text;
+            std::u16string made;
+            for (std::size_t i = 0; i < length(string); ++i)
+                made += static_cast<std::make_unsigned_t<UnitOf<C>>>(text[i]);
+            return made;
+        }
+        bool hasStoredZero(std::size_t string) const override
+        {
+            auto const& text = objects[string].get().text;
+            return std::find(std::begin(text), std::end(text), UnitOf<C>{0}) != std::end(text);
+        }
+        std::size_t unitSize() const override { return sizeof(UnitOf<C>); }
+
+    private:
+        GuardedStrings<C>& objects;
+    };
+
+    static std::unique_ptr<StringCall> anyCall(std::size_t place, Damage& damage,
+                                               GuardedStrings<C>& objects)
+    {
+        unsigned char input[320];
+        damage.fill(input, sizeof input);
+        input[0] = static_cast<unsigned char>(place);
+        ByteReader reader(input, sizeof input);
+        return readCall(DamagedReading(reader, objects));
+    }
+
+    static GuardedPages const& results()
+    {
+        static GuardedPages const pages(std::max(image.size, sizeof(_qvString8_allSize<500>)));
+        return pages;
+    }
+    static unsigned char* ahead(std::size_t size) { return results().place(size, false); }
+    static unsigned char* behind(std::size_t size) { return results().place(size, true); }
+};
+
 template <class C>
 constexpr StringRun runOf(char const* name)
 {
     return {name, StringTraits<C>::capacity, StringTraits<C>::place,
             [](DriverOptions const& options, unsigned char const* data, std::size_t size) {
                 return StringDriver<C>(options).run(data, size);
-            }};
+            },
+            DamagedStrings<C>::call};
 }
 
 } // namespace qvTest

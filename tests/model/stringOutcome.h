@@ -23,6 +23,19 @@ struct Outcome
     std::optional<Bytes> text;
     std::optional<Bytes> narrow;
     bool isReceiver = true; // of a reference given back
+
+    // Where a string is made that is given back by value: at a place of the caller's choice, or
+    // here.
+    unsigned char* (*placeFor)(std::size_t size) = nullptr;
+    Bytes made{};
+
+    unsigned char* placeOf(std::size_t size)
+    {
+        if (placeFor != nullptr)
+            return placeFor(size);
+        made.resize(size);
+        return made.data();
+    }
 };
 
 // By a model. Where a member gives back its receiver, the rule gives back nothing.

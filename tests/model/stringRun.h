@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -28,6 +29,8 @@ struct StringRun
     std::size_t capacity;
     unsigned image;
     std::string (*run)(DriverOptions const& options, unsigned char const* data, std::size_t size);
+    // Calls one row on damaged objects; false for a row that the image has not.
+    bool (*callDamaged)(std::size_t place, std::uint64_t seed);
 };
 
 } // namespace qvTest

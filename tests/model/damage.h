@@ -1,0 +1,89 @@
+#pragma once
+
+#include "tests/model/guardedPages.h"
+#include "tests/model/stringImage.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+namespace qvTest {
+
+// What a damaged record holds, by the seed.
+class Damage
+{
+public:
+    explicit Damage(std::uint64_t seed) : state(seed * 0x9E3779B97F4A7C15u) {}
+
+    std::uint64_t number()
+    {
+        std::uint64_t mixed = state += 0x9E3779B97F4A7C15u;
+        mixed = (mixed ^ mixed >> 30) * 0xBF58476D1CE4E5B9u;
+        mixed = (mixed ^ mixed >> 27) * 0x94D049BB133111EBu;
+        return mixed ^ mixed >> 31;
+    }
+
+    std::size_t below(std::size_t bound) { return static_cast<std::size_t>(number() % bound); }
+
+    void fill(unsigned char* bytes, std::size_t size)
+    {
+        std::uint64_t some = 0;
+        for (std::size_t i = 0; i < size; ++i) {
+            some = i % sizeof some == 0 ? number() : some >> 8;
+            bytes[i] = static_cast<unsigned char>(some);
+        }
+    }
+
+    // A string of random bytes, or of few letters, so that searches find something; its length is
+    // anything, unless it has to be sound.
+    void fillString(unsigned char* object, StringImage const& image, std::size_t unitSize,
+                    bool isSound = false)
+    {
+        fill(object, image.size);
+        if (below(2) == 0)
+            for (std::size_t i = 0; i < (image.capacity + 1) * unitSize; ++i) {
+                bool const isHigh = unitSize == 2 && i % 2 == 1;
+                unsigned char& byte = object[image.textAt + i];
+                byte = isHigh ? '\0' : static_cast<unsigned char>("aAbB"[byte % 4]);
+            }
+        auto const length = static_cast<std::uint16_t>(isSound ? below(image.capacity + 1)
+                                                               : anyLength(image.capacity));
+        std::memcpy(object + image.lengthAt, &length, sizeof length);
+    }
+
+    // The same, in pages of which it leaves none to either side.
+    unsigned char* layString(GuardedPages const& pages, StringImage const& image,
+                             std::size_t unitSize, bool isSound = false)
+    {
+        unsigned char* const object = pages.place(image.size, below(2) == 0);
+        fillString(object, image, unitSize, isSound);
+        return object;
+    }
+
+private:
+    std::size_t anyLength(std::size_t capacity)
+    {
+        switch (below(8)) {
+        case 0:
+            return 0;
+        case 1:
+            return capacity;
+        case 2:
+            return capacity + 1;
+        case 3:
+            return 60000;
+        case 4:
+            return 65535;
+        case 5:
+            return below(capacity);
+        case 6:
+            return capacity + below(300);
+        default:
+            return number() & 0xFFFF;
+        }
+    }
+
+    std::uint64_t state;
+};
+
+} // namespace qvTest
