@@ -15,10 +15,10 @@ namespace qvTest {
 template <class C>
 bool isTrusting(std::size_t place)
 {
-    constexpr std::array both{
+    constexpr std::array trusting{
         StringRows::placeOf<rows::constructView>(), StringRows::placeOf<rows::appendWideUnit>(),
         StringRows::placeOf<rows::addSpacing>(), StringRows::placeOf<rows::addSpacingUnits>()};
-    return std::find(both.begin(), both.end(), place) != both.end() ||
+    return std::find(trusting.begin(), trusting.end(), place) != trusting.end() ||
            (isWide<C> && place == StringRows::placeOf<rows::assignView>());
 }
 

@@ -218,6 +218,7 @@ TEST_F(DamagedRecords, leadNoHelperOutOfAName)
 // All bytes of the text count where none is zero.
 TEST_F(DamagedRecords, nameOfAVariableEndsWithItsObject)
 {
+    begin("helper", "variable", 250);
     GuardedPages const pages(sizeof(_qvString8_allSize<250>));
     for (bool const atEnd : {false, true}) {
         auto& name = *reinterpret_cast<_qvString8_allSize<250>*>(
@@ -234,6 +235,7 @@ TEST_F(DamagedRecords, nameOfAVariableEndsWithItsObject)
 // A length above the capacity counts as the capacity.
 TEST_F(DamagedRecords, keyOfASegmentComesFromItsNameAlone)
 {
+    begin("helper", "segment", 250);
     GuardedPages const pages(sizeof(_qvString8_allSize<250>));
     auto& name = *reinterpret_cast<_qvString8_allSize<250>*>(
         pages.place(sizeof(_qvString8_allSize<250>), true));
