@@ -272,10 +272,7 @@ public:
     /// Order ignoring case; of a text and its prefix the shorter comes first.
     /// @param other String to compare with.
     /// @return Below 0 when this string comes first, 0 when neither does, above 0 else.
-    int compare(Self const& other) const
-    {
-        return orderOfTexts<Case::folded>(checkedRef(), other.checkedRef());
-    }
+    int compare(Self const& other) const { return orderFolded(checkedRef(), other.checkedRef()); }
 
     /// Exact order over the shorter length and nothing more: a text and its prefix give 0
     /// (intended). `operator<` is an order.
@@ -291,14 +288,14 @@ public:
     /// @return True when this string is less.
     bool operator<(Self const& other) const
     {
-        return orderOfTexts<Case::exact>(checkedRef(), other.checkedRef()) < 0;
+        return orderOfTexts(checkedRef(), other.checkedRef()) < 0;
     }
 
     /// @return The mirror of `operator<`.
     /// @param other String to compare with.
     bool operator>(Self const& other) const
     {
-        return orderOfTexts<Case::exact>(checkedRef(), other.checkedRef()) > 0;
+        return orderOfTexts(checkedRef(), other.checkedRef()) > 0;
     }
 
     /// @}

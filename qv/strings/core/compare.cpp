@@ -7,23 +7,6 @@
 
 namespace qvStrings {
 
-namespace {
-
-/// The order of two texts that are equal as far as both reach: -1, 0 or 1.
-template <typename Unit>
-int orderOfLengths(TextRef<Unit const> a, TextRef<Unit const> b)
-{
-    return (a.length() > b.length()) - (a.length() < b.length());
-}
-
-template <typename Unit>
-unsigned commonLength(TextRef<Unit const> a, TextRef<Unit const> b)
-{
-    return std::min(a.length(), b.length());
-}
-
-} // namespace
-
 template <Case mode, typename Unit>
 unsigned mismatch(Unit const* a, Unit const* b, unsigned count)
 {
@@ -114,26 +97,15 @@ bool ends(TextRef<unsigned short const> self, Run<char> pattern)
 }
 
 template <typename Unit>
-int orderOfCommon(TextRef<Unit const> self, TextRef<Unit const> other)
-{
-    return order(self.text(), other.text(), commonLength(self, other));
-}
-
-template <Case mode, typename Unit>
-int orderOfTexts(TextRef<Unit const> self, TextRef<Unit const> other)
+int orderFolded(TextRef<Unit const> self, TextRef<Unit const> other)
 {
     unsigned const count = commonLength(self, other);
-    if constexpr (mode == Case::exact) {
-        int const byText = order(self.text(), other.text(), count);
-        return byText != 0 ? byText : orderOfLengths(self, other);
-    } else {
-        unsigned const at = mismatch<mode>(self.text(), other.text(), count);
-        if (at == count)
-            return orderOfLengths(self, other);
-        Unit const a = foldUpper(self.text()[at]);
-        Unit const b = foldUpper(other.text()[at]);
-        return order(&a, &b, 1);
-    }
+    unsigned const at = mismatch<Case::folded>(self.text(), other.text(), count);
+    if (at == count)
+        return orderOfLengths(self, other);
+    Unit const a = foldUpper(self.text()[at]);
+    Unit const b = foldUpper(other.text()[at]);
+    return order(&a, &b, 1);
 }
 
 #define QV_INSTANTIATE(Unit)                                                                       \
@@ -151,9 +123,7 @@ int orderOfTexts(TextRef<Unit const> self, TextRef<Unit const> other)
     template bool begins<Case::exact>(TextRef<Unit const>, Run<Unit>);                             \
     template bool begins<Case::folded>(TextRef<Unit const>, Run<Unit>);                            \
     template bool ends(TextRef<Unit const>, Run<Unit>);                                            \
-    template int orderOfCommon(TextRef<Unit const>, TextRef<Unit const>);                          \
-    template int orderOfTexts<Case::exact>(TextRef<Unit const>, TextRef<Unit const>);              \
-    template int orderOfTexts<Case::folded>(TextRef<Unit const>, TextRef<Unit const>);
+    template int orderFolded(TextRef<Unit const>, TextRef<Unit const>);
 
 QV_INSTANTIATE(char)
 QV_INSTANTIATE(unsigned short)

@@ -116,13 +116,38 @@ bool ends(TextRef<unsigned short const> self, Run<char> pattern);
 /// By the stored bytes of as many units as both have: below, at or above 0.
 /// @{
 
-/// Exact, and nothing more: a text and its prefix are equal.
 template <typename Unit>
-int orderOfCommon(TextRef<Unit const> self, TextRef<Unit const> other);
+unsigned commonLength(TextRef<Unit const> a, TextRef<Unit const> b)
+{
+    return a.length() < b.length() ? a.length() : b.length();
+}
 
-/// In the given case, exact or folded; of a text and its prefix the shorter comes first.
-template <Case mode, typename Unit>
-int orderOfTexts(TextRef<Unit const> self, TextRef<Unit const> other);
+/// The order of two texts that are equal as far as both reach: -1, 0 or 1.
+template <typename Unit>
+int orderOfLengths(TextRef<Unit const> a, TextRef<Unit const> b)
+{
+    return (a.length() > b.length()) - (a.length() < b.length());
+}
+
+/// Exact, and nothing more: a text and its prefix are equal. Inline, as is the next one: both end
+/// in a call of memcmp, and another one around it would cost as much.
+template <typename Unit>
+int orderOfCommon(TextRef<Unit const> self, TextRef<Unit const> other)
+{
+    return order(self.text(), other.text(), commonLength(self, other));
+}
+
+/// Exact; of a text and its prefix the shorter comes first.
+template <typename Unit>
+int orderOfTexts(TextRef<Unit const> self, TextRef<Unit const> other)
+{
+    int const byText = orderOfCommon(self, other);
+    return byText != 0 ? byText : orderOfLengths(self, other);
+}
+
+/// The same ignoring case.
+template <typename Unit>
+int orderFolded(TextRef<Unit const> self, TextRef<Unit const> other);
 
 /// @}
 

@@ -90,17 +90,20 @@ void zeroUnits(Unit* target, unsigned count)
 }
 
 /// Writes bytes as units.
+template <Extension extension>
+void widenBy(unsigned short* target, Run<char> source)
+{
+    std::transform(source.units, source.units + source.count, target,
+                   [](char byte) { return unitOf<unsigned short>(byte, extension); });
+}
+
+/// The same by an extension that is chosen once and not for each unit.
 inline void widen(unsigned short* target, Run<char> source, Extension extension)
 {
-    auto const extended = [=](Extension known) {
-        std::transform(source.units, source.units + source.count, target,
-                       [known](char byte) { return unitOf<unsigned short>(byte, known); });
-    };
-    // Chosen once and not for each unit, so that the compiler vectorises both loops.
     if (extension == Extension::zero)
-        extended(Extension::zero);
+        widenBy<Extension::zero>(target, source);
     else
-        extended(Extension::sign);
+        widenBy<Extension::sign>(target, source);
 }
 
 /// Writes the low bytes of units.
