@@ -131,7 +131,7 @@ void appendField(TextRef<Unit> self, Run<char> text, int width)
 {
     if (width == 0 && text.count == 0)
         return;
-    self.storeLength(self.length());
+    self.storeLength(self.length()); // a damaged one is mended here, so that no blank runs out
     unsigned const room = self.room();
     auto const kept = cut(text, room);
     fillField(self, kept.count, std::min(columns(width), room), width,
