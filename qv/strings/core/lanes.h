@@ -4,15 +4,76 @@
 
 #include <bit>
 #include <cstring>
-#include <emmintrin.h>
 #include <limits>
 #include <type_traits>
 
+#ifdef QV_PLAIN_LANES // what other processors take, for the tests of this one
+#elif defined(__SSE2__)
+#include <emmintrin.h>
+#define QV_LANES_SSE2
+#elif defined(__aarch64__)
+#include <arm_neon.h>
+#define QV_LANES_NEON
+#endif
+
 /// Several neighbouring units at once, in what compilers call a vector: one step on all of them
-/// costs what a step on one does. Only a bit for each lane takes an instruction by its own name:
-/// SSE2, which every x86-64 machine has.
+/// costs what a step on one does. All processors share this but for one function, `laneBits()`:
+/// SSE2, which every x86-64 machine has, NEON, which every aarch64 machine has, and what any
+/// compiler makes of plain integers.
 
 namespace qvStrings {
+
+static_assert(std::endian::native == std::endian::little,
+              "qv needs a little-endian machine: its strings and records are shared in memory, and "
+              "their numbers are laid down with the low byte first");
+
+/// 16 bytes of lanes, each all ones or all zeros.
+typedef unsigned char LaneMask __attribute__((vector_size(16)));
+/// The same as two integers.
+typedef unsigned long long LaneMaskHalves __attribute__((vector_size(16)));
+
+/// A bit for every lane of the first mask, the first one's lowest. Lanes of two bytes leave room
+/// for those of a second mask behind them; of single bytes the second mask is ignored.
+template <unsigned laneSize>
+unsigned laneBits(LaneMask first, LaneMask second)
+{
+#if defined(QV_LANES_SSE2)
+    auto narrow = std::bit_cast<__m128i>(first);
+    if constexpr (laneSize == 2)
+        narrow = _mm_packs_epi16(narrow, std::bit_cast<__m128i>(second));
+    return static_cast<unsigned>(_mm_movemask_epi8(narrow));
+#elif defined(QV_LANES_NEON)
+    auto narrow = std::bit_cast<uint8x16_t>(first);
+    if constexpr (laneSize == 2)
+        narrow = vuzp1q_u8(narrow, std::bit_cast<uint8x16_t>(second));
+    // Each byte keeps one bit, that of its place in its half. In pairs of a byte of each half they
+    // are sixteen bits, and the sum of the pairs has them all.
+    auto const places =
+        std::bit_cast<uint8x16_t>(LaneMaskHalves{0x8040201008040201, 0x8040201008040201});
+    uint8x16_t const kept = vandq_u8(narrow, places);
+    uint8x16_t const pairs = vzip1q_u8(kept, vextq_u8(kept, kept, 8));
+    return vaddvq_u16(vreinterpretq_u16_u8(pairs));
+#else
+    // A product moves the lowest bits of all lanes of an integer next to each other into its
+    // highest lane: the bit of lane i meets the factor's bit that lies i lanes below the highest
+    // one, and i bits above. No two bits of the product meet, so nothing is carried.
+    constexpr bool isWide = laneSize == 2;
+    constexpr unsigned count = 8 / laneSize;
+    constexpr unsigned long long lowest = isWide ? 0x0001000100010001 : 0x0101010101010101;
+    constexpr unsigned long long factor = isWide ? 0x0001000200040008 : 0x0102040810204080;
+    auto const half = [](unsigned long long lanes) {
+        return static_cast<unsigned>((lanes & lowest) * factor >> (64 - 8 * laneSize));
+    };
+    auto const bits = [half](LaneMask mask) {
+        auto const halves = std::bit_cast<LaneMaskHalves>(mask);
+        return half(halves[0]) | half(halves[1]) << count;
+    };
+    if constexpr (isWide)
+        return bits(first) | bits(second) << 2 * count;
+    else
+        return bits(first);
+#endif
+}
 
 /// As many units as fit into `bytes`, each in a lane of its own.
 template <typename Unit, unsigned bytes>
@@ -53,13 +114,13 @@ public:
     }
 
     /// A bit for every lane, the first one's lowest: set where the lane is zero.
-    unsigned zeros() const { return bits(zeroLanes(), _mm_setzero_si128()); }
+    unsigned zeros() const { return laneBits<sizeof(Unit)>(zeroLanes(), LaneMask{}); }
 
     /// The same for two runs of lanes that follow each other.
     static unsigned zeros(Lanes first, Lanes second)
     {
-        static_assert(2 * size <= 16);
-        return bits(first.zeroLanes(), second.zeroLanes());
+        static_assert(sizeof(Unit) == 2 && bytes == sizeof(LaneMask));
+        return laneBits<sizeof(Unit)>(first.zeroLanes(), second.zeroLanes());
     }
 
 private:
@@ -80,22 +141,14 @@ private:
     }
 
     /// All bits set in the lanes that are zero, and none behind the lanes.
-    __m128i zeroLanes() const
+    LaneMask zeroLanes() const
     {
         auto const zero = lanes_ == Vector{};
-        if constexpr (bytes == sizeof(__m128i))
-            return std::bit_cast<__m128i>(zero);
+        if constexpr (bytes == sizeof(LaneMask))
+            return std::bit_cast<LaneMask>(zero);
         else
-            return _mm_cvtsi64_si128(std::bit_cast<long long>(zero));
-    }
-
-    /// A bit for every lane of the first register, and behind them of the second one if its lanes
-    /// are wide.
-    static unsigned bits(__m128i first, __m128i second)
-    {
-        if constexpr (sizeof(Unit) == 2)
-            first = _mm_packs_epi16(first, second);
-        return static_cast<unsigned>(_mm_movemask_epi8(first));
+            return std::bit_cast<LaneMask>(
+                LaneMaskHalves{std::bit_cast<unsigned long long>(zero), 0});
     }
 
     Vector lanes_;
