@@ -1,9 +1,13 @@
 #include "qv/strings/core/edit.h"
 
+#include "qv/strings/core/findUnit.h"
 #include "qv/strings/core/fold.h"
 #include "qv/strings/core/move.h"
+#include "qv/strings/core/sieve.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstring>
 
 namespace qvStrings {
 
@@ -13,6 +17,47 @@ template <typename Unit>
 bool isBlank(Unit unit)
 {
     return unit == 0 || unit == '\t' || unit == '\n' || unit == '\r' || unit == ' ';
+}
+
+/// Moves the units that do not equal `unit` to the start of the text.
+/// @return How many they are.
+template <typename Unit>
+unsigned keepOthers(Unit* text, unsigned count, Unit unit)
+{
+    using Block = Lanes<Unit, 16>;
+    constexpr unsigned shortText = 64; // is not worth a copy
+    Unit copy[maxCapacityOf<Unit>];
+    Unit const* source = text;
+    Sieve<Case::folded, Unit> const one(unit);
+    unsigned kept = 0;
+    unsigned at = 0;
+    if (count >= shortText) {
+        kept = at = indexOfUnit<Case::folded>(Run<Unit>{text, count}, unit);
+        moveUnits(copy + at, Run<Unit>{text + at, count - at});
+        source = copy;
+        // Each stretch between two places is written as a whole block: the next one overwrites what
+        // is too much. So the last block is left to the single units.
+        BlockSieve<Case::folded, 16, Unit> const block(one);
+        at = overBlocks<Block::size>(at, count - Block::size, [&](unsigned i) {
+            unsigned from = i;
+            for (unsigned places = block.difference(source + i).zeros(); places != 0;
+                 places &= places - 1) {
+                unsigned const place = i + static_cast<unsigned>(std::countr_zero(places));
+                Block(source + from).store(text + kept);
+                kept += place - from;
+                from = place + 1;
+            }
+            Block(source + from).store(text + kept);
+            kept += i + Block::size - from;
+            return true;
+        });
+    }
+    for (; at < count; ++at) {
+        Unit const each = source[at];
+        text[kept] = each; // without a branch: the next unit overwrites one that goes
+        kept += one.difference(each) != 0;
+    }
+    return kept;
 }
 
 } // namespace
@@ -34,8 +79,16 @@ void clearUnused(TextRef<Unit> self)
 template <typename Unit>
 void calcLength(TextRef<Unit> self)
 {
-    Unit const* const text = self.text();
-    self.endAt(static_cast<unsigned>(std::find(text, text + self.capacity(), Unit{0}) - text));
+    Run<Unit> const text{self.text(), self.capacity()};
+    unsigned length;
+    if constexpr (sizeof(Unit) == 1)
+        length = static_cast<unsigned>(strnlen(text.units, text.count));
+    else
+        length = indexOfUnit<Case::exact, Unit>(text, 0);
+    self.storeLength(length);
+    // Mostly it is there. To write it again would delay a read of the units around it.
+    if (self.text()[length] != 0)
+        self.text()[length] = 0;
 }
 
 template <typename Unit>
@@ -73,29 +126,37 @@ void makeLower(TextRef<Unit> self)
 template <typename Unit>
 void replaceUnit(TextRef<Unit> self, Unit from, Unit to)
 {
-    Unit const wanted = foldUpper(from);
+    Sieve<Case::folded, Unit> const one(from);
+    BlockSieve<Case::folded, 16, Unit> const block(one);
+    using Block = Lanes<Unit, 16>;
+    Block const replacements = Block::all(to);
     Unit* const text = self.text();
-    std::replace_if(
-        text, text + self.length(), [wanted](Unit each) { return foldUpper(each) == wanted; }, to);
+    unsigned const length = self.length();
+    unsigned at = overBlocks<block.size>(0, length, [&](unsigned i) {
+        Block const units(text + i);
+        Block::chosen(block.difference(units).zeroLanes(), replacements, units).store(text + i);
+        return true;
+    });
+    for (; at < length; ++at)
+        if (one.difference(text[at]) == 0)
+            text[at] = to;
 }
 
 template <typename Unit>
 void removeUnit(TextRef<Unit> self, Unit unit)
 {
-    Unit const wanted = foldUpper(unit);
     Unit* const text = self.text();
-    Unit* const end = text + self.length();
-    Unit const first = text[0];
-    Unit* const keptEnd =
-        std::remove_if(text, end, [wanted](Unit each) { return foldUpper(each) == wanted; });
-    if (keptEnd == end)
+    unsigned const length = self.length();
+    Unit const stale = text[0];
+    unsigned const kept = keepOthers(text, length, unit);
+    if (kept == length)
         return;
     // As if the units were removed one by one from the end: each removal left a terminator behind
     // the text of the moment, but for the last one of a text that ends empty.
-    std::fill(keptEnd, end, Unit{0});
-    if (keptEnd == text)
-        text[0] = first;
-    self.storeLength(static_cast<unsigned>(keptEnd - text));
+    zeroUnits(text + kept, length - kept);
+    if (kept == 0)
+        text[0] = stale;
+    self.storeLength(kept);
 }
 
 #define QV_INSTANTIATE(Unit)                                                                       \

@@ -2,16 +2,22 @@
 
 #include "qv/strings/core/compare.h"
 
-/// Searches for one unit. All give a position counted from 0, or -1 for not found.
+/// Searches for one unit.
 
 namespace qvStrings {
 
+/// Index of the first unit that equals `unit`, or the count of the run.
+template <Case mode, typename Unit>
+unsigned indexOfUnit(Run<Unit> text, Unit unit);
+
 /// First place of one unit. `start` is used when it is inside the text, any other searches from
 /// 0: a start at or behind the end does not fail.
+/// @return The place, counted from 0, or -1.
 template <Case mode, typename Unit>
 int findUnit(TextRef<Unit const> self, Unit unit, int start);
 
 /// Last place of one unit at or before `start`; a start outside the text means its last unit.
+/// @return The place, counted from 0, or -1.
 template <typename Unit>
 int findLastUnit(TextRef<Unit const> self, Unit unit, int start);
 

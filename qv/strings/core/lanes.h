@@ -75,6 +75,11 @@ unsigned laneBits(LaneMask first, LaneMask second)
 #endif
 }
 
+/// From byte `n` on: 16 bytes of which the last `n` have all bits.
+alignas(16) inline constexpr unsigned char onesBehindZeros[32] = {
+    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,
+    0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF};
+
 /// As many units as fit into `bytes`, each in a lane of its own.
 template <typename Unit, unsigned bytes>
 class Lanes
@@ -95,6 +100,40 @@ public:
     Lanes operator&(Lanes other) const { return Lanes(lanes_ & other.lanes_); }
     Lanes operator^(Lanes other) const { return Lanes(lanes_ ^ other.lanes_); }
 
+    Lanes operator-(Lanes other) const { return Lanes(lanes_ - other.lanes_); }
+
+    /// `yes` in the lanes where the mask has all bits, `no` where it has none.
+    static Lanes chosen(Lanes mask, Lanes yes, Lanes no)
+    {
+        return Lanes((yes.lanes_ & mask.lanes_) | (no.lanes_ & ~mask.lanes_));
+    }
+
+    /// All bits in the last `count` lanes.
+    static Lanes lastLanes(unsigned count)
+    {
+        return Lanes(reinterpret_cast<Unit const*>(onesBehindZeros + count * sizeof(Unit)));
+    }
+
+    /// Writes the units to `to`.
+    void store(Unit* to) const { std::memcpy(to, &lanes_, bytes); }
+
+    /// All bits set in the lanes that are zero: -1, so that subtracting them counts.
+    Lanes zeroLanes() const { return Lanes(std::bit_cast<Vector>(lanes_ == Vector{})); }
+
+    /// The sum of all lanes, modulo 65536.
+    unsigned sum() const
+    {
+        static_assert(bytes == sizeof(LaneMask));
+        auto const halves = std::bit_cast<LaneMaskHalves>(lanes_);
+        // As four numbers of 16 bits in each half; a product then adds these up in its highest one.
+        auto const wide = [](unsigned long long half) {
+            constexpr unsigned long long low = 0x00FF00FF00FF00FF;
+            return sizeof(Unit) == 2 ? half : (half & low) + (half >> 8 & low);
+        };
+        return static_cast<unsigned>((wide(halves[0]) + wide(halves[1])) * 0x0001000100010001 >>
+                                     48);
+    }
+
     /// The units of a first side as they are compared: folded, or unchanged.
     template <Case mode>
     Lanes foldedFirst() const
@@ -114,13 +153,13 @@ public:
     }
 
     /// A bit for every lane, the first one's lowest: set where the lane is zero.
-    unsigned zeros() const { return laneBits<sizeof(Unit)>(zeroLanes(), LaneMask{}); }
+    unsigned zeros() const { return laneBits<sizeof(Unit)>(zeroMask(), LaneMask{}); }
 
     /// The same for two runs of lanes that follow each other.
     static unsigned zeros(Lanes first, Lanes second)
     {
         static_assert(sizeof(Unit) == 2 && bytes == sizeof(LaneMask));
-        return laneBits<sizeof(Unit)>(first.zeroLanes(), second.zeroLanes());
+        return laneBits<sizeof(Unit)>(first.zeroMask(), second.zeroMask());
     }
 
 private:
@@ -140,10 +179,10 @@ private:
         return std::bit_cast<Vector>(moved < static_cast<Signed>(lowest + 26));
     }
 
-    /// All bits set in the lanes that are zero, and none behind the lanes.
-    LaneMask zeroLanes() const
+    /// The same as a mask, without bits behind the lanes.
+    LaneMask zeroMask() const
     {
-        auto const zero = lanes_ == Vector{};
+        auto const zero = zeroLanes().lanes_;
         if constexpr (bytes == sizeof(LaneMask))
             return std::bit_cast<LaneMask>(zero);
         else

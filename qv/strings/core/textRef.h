@@ -13,6 +13,10 @@ constexpr unsigned maxCapacity = 5000;
 /// The same of the 16-bit strings alone.
 constexpr unsigned maxWideCapacity = 2500;
 
+/// The same of the strings of this unit.
+template <typename Unit>
+constexpr unsigned maxCapacityOf = sizeof(Unit) == 1 ? maxCapacity : maxWideCapacity;
+
 /// Where the parts of a fixed string lie in its object. Offsets and size in bytes, the capacity
 /// in units. Eight bytes, so that a TextRef travels in two registers.
 struct Layout

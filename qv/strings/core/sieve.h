@@ -1,0 +1,79 @@
+#pragma once
+
+#include "qv/strings/core/compare.h"
+#include "qv/strings/core/lanes.h"
+
+/// The units of a text that equal one unit: found singly, and a block of them at once. Searches,
+/// counts and replacements of a unit, and the search for texts, all ask here.
+
+namespace qvStrings {
+
+/// Finds the units that equal one unit in the given case, by their bits under a mask: it drops the
+/// bit between the cases of a letter, so that nothing needs folding.
+template <Case mode, typename Unit>
+struct Sieve
+{
+    Unit wanted;
+    Unit mask;
+
+    explicit Sieve(Unit unit) : wanted(foldSecond<mode>(unit)), mask(static_cast<Unit>(~0))
+    {
+        // A lower-case letter that was promised to be in upper case keeps the bit: nothing equals
+        // it.
+        bool const isLetter = foldLower(wanted) != foldUpper(wanted);
+        if (mode != Case::exact && isLetter)
+            mask = static_cast<Unit>(~('a' ^ 'A'));
+    }
+
+    /// 0 for an equal unit.
+    Unit difference(Unit unit) const { return static_cast<Unit>((unit & mask) ^ wanted); }
+};
+
+/// The same for a block of units at once.
+template <Case mode, unsigned bytes, typename Unit>
+class BlockSieve
+{
+public:
+    using Block = Lanes<Unit, bytes>;
+    static constexpr unsigned size = Block::size;
+
+    explicit BlockSieve(Unit unit) : BlockSieve(Sieve<mode, Unit>(unit)) {}
+    explicit BlockSieve(Sieve<mode, Unit> sieve)
+        : wanted_(Block::all(sieve.wanted)),
+          mask_(Block::all(sieve.mask))
+    {}
+
+    /// 0 in the lanes of equal units.
+    Block difference(Block units) const
+    {
+        if constexpr (mode == Case::exact)
+            return units ^ wanted_;
+        else
+            return (units & mask_) ^ wanted_;
+    }
+    Block difference(Unit const* units) const { return difference(Block(units)); }
+
+    /// A bit for every unit of two neighbouring blocks, the first one's lowest: set where it is
+    /// equal. For units of two bytes.
+    unsigned zeros(Unit const* units) const
+    {
+        return Block::zeros(difference(units), difference(units + size));
+    }
+
+private:
+    Block wanted_;
+    Block mask_;
+};
+
+/// Calls `work` with the index of each whole block of `size` units from `begin` on, for as long as
+/// it returns true.
+/// @return Where it stopped: the block refused, or the rest that makes no block.
+template <unsigned size, typename Work>
+unsigned overBlocks(unsigned begin, unsigned end, Work work)
+{
+    while (begin + size <= end && work(begin))
+        begin += size;
+    return begin;
+}
+
+} // namespace qvStrings
