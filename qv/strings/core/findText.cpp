@@ -1,6 +1,7 @@
 #include "qv/strings/core/findText.h"
 
 #include "qv/strings/core/mismatch.h"
+#include "qv/strings/core/sieve.h"
 #include "qv/strings/core/widePattern.h"
 
 #include <algorithm>
@@ -33,7 +34,7 @@ public:
     Run<Unit> run() const { return {folded_, count_}; }
 
 private:
-    Unit folded_[maxCapacity];
+    Unit folded_[maxCapacityOf<Unit>];
     unsigned count_;
 };
 
@@ -77,49 +78,6 @@ int slideBySumIn(Run<Unit> text, Run<Unit> pattern, unsigned start)
         return slideBySum(upper.run(), upperPattern.run(), start);
     }
 }
-
-/// Finds the units that equal one unit of the pattern in the given case, by their bits under a
-/// mask: it drops the bit between the cases of a letter, so that nothing needs folding.
-template <Case mode, typename Unit>
-struct Sieve
-{
-    Unit wanted;
-    Unit mask;
-
-    explicit Sieve(Unit unit) : wanted(foldSecond<mode>(unit)), mask(static_cast<Unit>(~0))
-    {
-        // A lower-case letter that was promised to be in upper case keeps the bit: nothing equals
-        // it.
-        bool const isLetter = foldLower(wanted) != foldUpper(wanted);
-        if (mode != Case::exact && isLetter)
-            mask = static_cast<Unit>(~('a' ^ 'A'));
-    }
-
-    /// 0 for an equal unit.
-    Unit difference(Unit unit) const { return static_cast<Unit>((unit & mask) ^ wanted); }
-};
-
-/// The same for a block of units at once.
-template <Case mode, unsigned bytes, typename Unit>
-class BlockSieve
-{
-    using Block = Lanes<Unit, bytes>;
-
-public:
-    explicit BlockSieve(Unit unit) : BlockSieve(Sieve<mode, Unit>(unit)) {}
-
-    /// 0 in the lanes of equal units.
-    Block difference(Unit const* units) const { return (Block(units) & mask_) ^ wanted_; }
-
-private:
-    explicit BlockSieve(Sieve<mode, Unit> sieve)
-        : wanted_(Block::all(sieve.wanted)),
-          mask_(Block::all(sieve.mask))
-    {}
-
-    Block wanted_;
-    Block mask_;
-};
 
 /// Index of the second unit to compare: the last one, or the middle one when first and last are
 /// equal ("/.../"), since two equal sieves stop little more than one.
@@ -290,20 +248,25 @@ int findByBlocks(Spans<Unit> spans, Run<Unit> pattern, Unit const* text)
 } // namespace
 
 template <Case mode, typename Unit>
-int find(TextRef<Unit const> self, Run<Unit> pattern, int start)
+int find(Run<Unit> text, Run<Unit> pattern, int start)
 {
-    Unit const* const text = self.text();
     int const begin = std::max(start, 0);
-    int const last = static_cast<int>(self.length()) - static_cast<int>(pattern.count);
+    int const last = static_cast<int>(text.count) - static_cast<int>(pattern.count);
     if (pattern.count == 0 || begin > last)
         return -1;
-    Spans<Unit> const spans{text + begin, text + last};
+    Spans<Unit> const spans{text.units + begin, text.units + last};
     int const count = last - begin + 1;
     if (count >= 16)
-        return findByBlocks<mode, 16>(spans, pattern, text);
+        return findByBlocks<mode, 16>(spans, pattern, text.units);
     if (count >= 8)
-        return findByBlocks<mode, 8>(spans, pattern, text);
-    return findByUnits<mode>(spans, pattern, text);
+        return findByBlocks<mode, 8>(spans, pattern, text.units);
+    return findByUnits<mode>(spans, pattern, text.units);
+}
+
+template <Case mode, typename Unit>
+int find(TextRef<Unit const> self, Run<Unit> pattern, int start)
+{
+    return find<mode>(self.run(), pattern, start);
 }
 
 template <Case mode>
@@ -335,6 +298,8 @@ int findFirstOcc(TextRef<Unit const> self, std::initializer_list<TextRef<Unit co
 }
 
 #define QV_INSTANTIATE(Unit)                                                                       \
+    template int find<Case::exact>(Run<Unit>, Run<Unit>, int);                                     \
+    template int find<Case::folded>(Run<Unit>, Run<Unit>, int);                                    \
     template int find<Case::exact>(TextRef<Unit const>, Run<Unit>, int);                           \
     template int find<Case::folded>(TextRef<Unit const>, Run<Unit>, int);                          \
     template int find<Case::upperInput>(TextRef<Unit const>, Run<Unit>, int);                      \

@@ -12,6 +12,8 @@ namespace qvStrings {
 /// that leaves no room for it gives -1. A pattern as long as the text is compared with the whole
 /// text. A negative start is outside the contract and counts as 0.
 template <Case mode, typename Unit>
+int find(Run<Unit> text, Run<Unit> pattern, int start);
+template <Case mode, typename Unit>
 int find(TextRef<Unit const> self, Run<Unit> pattern, int start);
 
 /// The same with a pattern of bytes, sign-extended; at most as many as the capacity.

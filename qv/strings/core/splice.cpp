@@ -17,6 +17,10 @@ namespace {
 template <typename Unit>
 void copyOut(TextRef<Unit const> self, long long from, unsigned count, Unit* target)
 {
+    if (from >= 0 && from + count <= self.capacity() + 1LL) { // within the contract
+        moveUnits(target, {self.text() + from, count});
+        return;
+    }
     // Byte offsets in the object: of the wanted range, and of the part of it that is inside.
     constexpr long long unitSize = sizeof(Unit);
     long long const begin = self.layout().textAt + from * unitSize;
@@ -64,6 +68,76 @@ void splice(TextRef<Unit> self, int at, unsigned count, TextRef<Unit const> text
     rebuild(self, head, middle, static_cast<long long>(at) + count, self.length() - head - count);
 }
 
+/// Writes a text that begins with the pattern to `target`, each pattern replaced, at most `room`
+/// units. What the units written leave no room for is cut from the text before it is searched on.
+/// @param target May be the start of the text, unless the replacement is longer than the pattern.
+/// @return Units written.
+template <Case mode, typename Unit>
+unsigned writeReplaced(Run<Unit> text, Run<Unit> pattern, Run<Unit> replacement, Unit* target,
+                       unsigned room)
+{
+    Unit* const begin = target;
+    Unit const* const end = target + room;
+    auto const put = [&](Run<Unit> run) {
+        if (run.units != target)
+            moveUnits(target, run);
+        target += run.count;
+    };
+    for (int at = 0; at >= 0; at = find<mode>(text, pattern, 0)) {
+        auto const head = static_cast<unsigned>(at);
+        put({text.units, head});
+        put(cut(replacement, static_cast<unsigned>(end - target)));
+        unsigned const behind = head + pattern.count;
+        text = cut(Run<Unit>{text.units + behind, text.count - behind},
+                   static_cast<unsigned>(end - target));
+    }
+    put(text);
+    return static_cast<unsigned>(target - begin);
+}
+
+/// The same from a copy of the text, for a replacement that would overtake what is still to be
+/// read.
+template <Case mode, typename Unit>
+[[gnu::noinline]] unsigned writeReplacedCopy(Run<Unit> text, Run<Unit> pattern,
+                                             Run<Unit> replacement, Unit* target, unsigned room)
+{
+    Unit copy[maxCapacityOf<Unit>];
+    moveUnits(copy, text);
+    return writeReplaced<mode>({copy, text.count}, pattern, replacement, target, room);
+}
+
+/// Writes the units that are left behind a text which lost `step` units a time, from `former`
+/// units down to `length`: each time the last units stayed behind the new terminator.
+template <typename Unit>
+void leaveBehind(Unit* text, unsigned former, unsigned length, unsigned step)
+{
+    Unit const first = text[former - step];
+    for (unsigned end = former - step; end > length; end -= step) {
+        text[end] = 0;
+        moveUnits(text + end - step + 1, {text + end + 1, step - 1});
+    }
+    if (length == 0)
+        text[0] = first; // no terminator in a text without units
+}
+
+/// Replaces every pattern, the first one at `at`. The result is that of replacing one after the
+/// other, to the units behind the text, in one pass.
+template <Case mode, typename Unit>
+void replaceFrom(TextRef<Unit> self, unsigned at, Run<Unit> pattern, Run<Unit> replacement)
+{
+    auto const text = self.run();
+    Unit* const target = self.text() + at;
+    Run<Unit> const rest{target, text.count - at};
+    auto const write = replacement.count > pattern.count ? writeReplacedCopy<mode, Unit>
+                                                         : writeReplaced<mode, Unit>;
+    unsigned const length = at + write(rest, pattern, replacement, target, self.capacity() - at);
+    if (length < text.count)
+        leaveBehind(self.text(), text.count, length, pattern.count - replacement.count);
+    self.storeLength(length);
+    if (length != 0)
+        self.terminate();
+}
+
 /// `sliceUpTo` where the separator is known to be at `at`, or below 0 for none.
 template <typename Unit>
 void sliceBefore(TextRef<Unit const> self, int at, Unit separator, bool withSeparator,
@@ -91,25 +165,21 @@ void removeRange(TextRef<Unit> self, int start, int count)
 template <Case mode, typename Unit>
 void replaceAll(TextRef<Unit> self, TextRef<Unit const> pattern, TextRef<Unit const> replacement)
 {
-    unsigned const count = pattern.length();
-    auto const next = [=](int start) {
-        return find<mode, Unit>(self, {pattern.text(), count}, start);
-    };
-    for (int at = next(0); at >= 0;) {
-        splice(self, at, count, replacement);
-        at = next(at + static_cast<int>(replacement.length()));
-    }
+    int const at = find<mode, Unit>(self, pattern.run(), 0);
+    if (at < 0)
+        return;
+    if (same(self, replacement)) // ends the search: it would go on behind the end
+        splice(self, at, pattern.length(), replacement);
+    else
+        replaceFrom<mode>(self, static_cast<unsigned>(at), pattern.run(), replacement.run());
 }
 
 template <Case mode, typename Unit>
 void removeAll(TextRef<Unit> self, TextRef<Unit const> pattern)
 {
-    unsigned const count = pattern.length();
-    auto const next = [=](int start) {
-        return find<mode, Unit>(self, {pattern.text(), count}, start);
-    };
-    for (int at = next(0); at >= 0; at = next(at))
-        removeRange(self, at, static_cast<int>(count));
+    int const at = find<mode, Unit>(self, pattern.run(), 0);
+    if (at >= 0)
+        replaceFrom<mode>(self, static_cast<unsigned>(at), pattern.run(), Run<Unit>{nullptr, 0});
 }
 
 template <typename Unit>
