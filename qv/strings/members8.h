@@ -42,8 +42,7 @@ public:
     /// @param s Text to compare with; null gives false.
     bool operator==(char const* s) const
     {
-        return s != nullptr && s[0] == this->text[0] &&
-               equalExact(this->checkedRef(), s[0], measured(s));
+        return equalExact(this->checkedRef(), s);
     }
 
     /// @return How many characters equal `c`, ignoring case.

@@ -7,12 +7,35 @@
 
 namespace qvStrings {
 
+namespace {
+
+/// The first place that differs in runs of at least 64 bytes. Most that begin with the same bytes
+/// are the same, and nothing tells that as fast as memcmp does. An input that was promised to be in
+/// upper case may break the promise: then the same bytes differ.
+template <Case mode, typename Unit>
+[[gnu::noinline]] unsigned mismatchOfLong(Unit const* a, Unit const* b, unsigned count)
+{
+    if (mode == Case::folded && std::memcmp(a, b, 16) == 0 &&
+        std::memcmp(a, b, count * sizeof(Unit)) == 0)
+        return count;
+    return mismatchByBlocks<mode, 16, 4>(a, b, count);
+}
+
+/// `mismatch` for the comparisons that are mostly of short texts: these make no call.
+template <Case mode, typename Unit>
+unsigned mismatchInline(Unit const* a, Unit const* b, unsigned count)
+{
+    if (count * sizeof(Unit) >= 64) [[unlikely]]
+        return mismatchOfLong<mode>(a, b, count);
+    return mismatchOfShort<mode>(a, b, count);
+}
+
+} // namespace
+
 template <Case mode, typename Unit>
 unsigned mismatch(Unit const* a, Unit const* b, unsigned count)
 {
-    if (count * sizeof(Unit) >= 64)
-        return mismatchByBlocks<mode, 16, 4>(a, b, count);
-    return mismatchOfShort<mode>(a, b, count);
+    return mismatchInline<mode>(a, b, count);
 }
 
 template <Case mode, typename Unit>
@@ -21,7 +44,7 @@ bool equal(Unit const* a, Unit const* b, unsigned count)
     if constexpr (mode == Case::exact)
         return order(a, b, count) == 0;
     else
-        return mismatch<mode>(a, b, count) == count;
+        return mismatchInline<mode>(a, b, count) == count;
 }
 
 template <Case mode, typename Unit>
@@ -31,9 +54,22 @@ bool equalText(TextRef<Unit const> self, Run<Unit> other)
 }
 
 template <typename Unit>
+bool equalExact(TextRef<Unit const> self, Unit first, Run<Unit> other)
+{
+    return self.text()[0] == first && self.length() == other.count &&
+           equal<Case::exact>(self.text(), other.units, other.count);
+}
+
+template <typename Unit>
 bool equalExact(TextRef<Unit const> self, TextRef<Unit const> other)
 {
     return equalExact(self, other.text()[0], other.run());
+}
+
+bool equalExact(TextRef<char const> self, char const* other)
+{
+    return other != nullptr && *other == self.text()[0] &&
+           equalExact(self, *other, measured(other));
 }
 
 template <Case mode, typename Unit>
@@ -99,13 +135,15 @@ bool ends(TextRef<unsigned short const> self, Run<char> pattern)
 template <typename Unit>
 int orderFolded(TextRef<Unit const> self, TextRef<Unit const> other)
 {
-    unsigned const count = commonLength(self, other);
-    unsigned const at = mismatch<Case::folded>(self.text(), other.text(), count);
+    auto const a = self.run();
+    auto const b = other.run();
+    unsigned const count = std::min(a.count, b.count);
+    unsigned const at = mismatchInline<Case::folded>(a.units, b.units, count);
     if (at == count)
-        return orderOfLengths(self, other);
-    Unit const a = foldUpper(self.text()[at]);
-    Unit const b = foldUpper(other.text()[at]);
-    return order(&a, &b, 1);
+        return (a.count > b.count) - (a.count < b.count);
+    Unit const unitOfA = foldUpper(a.units[at]);
+    Unit const unitOfB = foldUpper(b.units[at]);
+    return order(&unitOfA, &unitOfB, 1);
 }
 
 #define QV_INSTANTIATE(Unit)                                                                       \
@@ -117,6 +155,7 @@ int orderFolded(TextRef<Unit const> self, TextRef<Unit const> other)
     template bool equal<Case::upperInput>(Unit const*, Unit const*, unsigned);                     \
     template bool equalText<Case::exact>(TextRef<Unit const>, Run<Unit>);                          \
     template bool equalText<Case::folded>(TextRef<Unit const>, Run<Unit>);                         \
+    template bool equalExact(TextRef<Unit const>, Unit, Run<Unit>);                                \
     template bool equalExact(TextRef<Unit const>, TextRef<Unit const>);                            \
     template bool equalToInput<Case::upperInput>(TextRef<Unit const>, TextRef<Unit const>);        \
     template bool equalToInput<Case::lowerInput>(TextRef<Unit const>, TextRef<Unit const>);        \

@@ -3,6 +3,7 @@
 #include "qv/strings/core/fold.h"
 #include "qv/strings/core/textRef.h"
 
+#include <algorithm>
 #include <cstring>
 
 /// Comparisons that both widths share. No unit of either side is read when a count is 0. Compiled
@@ -60,15 +61,15 @@ bool equalText(TextRef<Unit const> self, Run<Unit> other);
 /// Exact equality of the first unit, which an empty text has too, then of length and text.
 /// @param first The first unit of the other side.
 template <typename Unit>
-bool equalExact(TextRef<Unit const> self, Unit first, Run<Unit> other)
-{
-    return self.text()[0] == first && self.length() == other.count &&
-           equal<Case::exact>(self.text(), other.units, other.count);
-}
+bool equalExact(TextRef<Unit const> self, Unit first, Run<Unit> other);
 
 /// The same of two strings.
 template <typename Unit>
 bool equalExact(TextRef<Unit const> self, TextRef<Unit const> other);
+
+/// The same of a zero-terminated text, which has its terminator for a first unit when it is empty.
+/// Null equals no string.
+bool equalExact(TextRef<char const> self, char const* other);
 
 /// The same with the folded receiver. Only units of the text are folded, not the stale first one of
 /// an empty text.
@@ -116,36 +117,24 @@ bool ends(TextRef<unsigned short const> self, Run<char> pattern);
 /// By the stored bytes of as many units as both have: below, at or above 0.
 /// @{
 
-template <typename Unit>
-unsigned commonLength(TextRef<Unit const> a, TextRef<Unit const> b)
-{
-    return a.length() < b.length() ? a.length() : b.length();
-}
-
-/// The order of two texts that are equal as far as both reach: -1, 0 or 1.
-template <typename Unit>
-int orderOfLengths(TextRef<Unit const> a, TextRef<Unit const> b)
-{
-    return (a.length() > b.length()) - (a.length() < b.length());
-}
-
 /// Exact, and nothing more: a text and its prefix are equal. Inline, as is the next one: both end
 /// in a call of memcmp, and another one around it would cost as much.
 template <typename Unit>
 int orderOfCommon(TextRef<Unit const> self, TextRef<Unit const> other)
 {
-    return order(self.text(), other.text(), commonLength(self, other));
+    unsigned const count = std::min(self.length(), other.length());
+    return std::memcmp(self.text(), other.text(), count * sizeof(Unit));
 }
 
-/// Exact; of a text and its prefix the shorter comes first.
+/// True when the text comes first in exact order; of a text and its prefix the shorter does.
 template <typename Unit>
-int orderOfTexts(TextRef<Unit const> self, TextRef<Unit const> other)
+bool precedes(TextRef<Unit const> self, TextRef<Unit const> other)
 {
-    int const byText = orderOfCommon(self, other);
-    return byText != 0 ? byText : orderOfLengths(self, other);
+    int const order = orderOfCommon(self, other);
+    return order != 0 ? order < 0 : self.length() < other.length();
 }
 
-/// The same ignoring case.
+/// Order of whole texts ignoring case: below, at or above 0.
 template <typename Unit>
 int orderFolded(TextRef<Unit const> self, TextRef<Unit const> other);
 
