@@ -10,7 +10,7 @@ import subprocess
 import sys
 
 WIDTH, HEIGHT, MARGIN = 300, 240, 44
-COLOURS = {"ours": "#1f77b4", "vector": "#ff7f0e"}
+COLOURS = {"ours": "#1f77b4", "vector": "#ff7f0e", "stable_sort": "#2ca02c"}
 
 
 def measured(binary):
@@ -32,12 +32,12 @@ def panel(left, operation, curves):
     low, high = math.floor(low), math.ceil(high)
 
     def place(size, time):
-        x = left + MARGIN + (math.log10(size) - 1) / 2 * (WIDTH - 2 * MARGIN)
+        x = left + MARGIN + (math.log10(size) - 1) / 2.7 * (WIDTH - 2 * MARGIN)
         y = HEIGHT - MARGIN - (math.log10(time) - low) / (high - low) * (HEIGHT - 2 * MARGIN)
         return f"{x:.1f},{y:.1f}"
 
     parts = [f'<text x="{left + WIDTH / 2}" y="22" text-anchor="middle">{operation}</text>']
-    for size in (10, 100, 1000):
+    for size in (10, 100, 1000, 4000):
         x, y = place(size, 10 ** low).split(",")
         parts.append(f'<text x="{x}" y="{float(y) + 16}" text-anchor="middle">{size}</text>')
     for power in range(low, high + 1):

@@ -1,5 +1,5 @@
-/// The string list beside std::vector<std::string>, and float2Str beside snprintf. The list is not
-/// tuned by decision: one reallocation per append, linear search, bubble sort.
+/// The string list beside std::vector<std::string>, and float2Str beside snprintf. The list is
+/// simple by decision: one reallocation per append, linear search.
 
 #include "bench/measure.h"
 #include "qv/support/qvStringList.h"
@@ -9,6 +9,7 @@
 #include <array>
 #include <cstdio>
 #include <memory>
+#include <numeric>
 #include <string>
 #include <vector>
 
@@ -76,6 +77,24 @@ void measureList(int count)
     });
 }
 
+/// The sort beside the standard one, of numbers of elements by the same comparison.
+void measureSort(int count)
+{
+    std::string const size = std::to_string(count);
+    std::vector<_qvString<500>> const elements = elementsOf(namesOf(count));
+    measure("listSort/names/" + size + "/stable_sort", [elements] {
+        std::vector<_qvString<500>> list;
+        for (_qvString<500> const& element : elements)
+            list.push_back(element);
+        std::vector<int> order(list.size());
+        std::iota(order.begin(), order.end(), 0);
+        std::stable_sort(order.begin(), order.end(), [&list](int a, int b) {
+            return list[static_cast<std::size_t>(a)].compare(list[static_cast<std::size_t>(b)]) < 0;
+        });
+        return order.front();
+    });
+}
+
 void measureFloats()
 {
     static constexpr std::array<float, 4> values = {3.14159F, -1204.5F, 0.001F, 1234567.9F};
@@ -90,8 +109,10 @@ void measureFloats()
 }
 
 [[maybe_unused]] bool const registered = [] {
-    for (int const count : {10, 100, 1000})
+    for (int const count : {10, 100, 1000, 4000}) {
         measureList(count);
+        measureSort(count);
+    }
     measureFloats();
     return true;
 }();

@@ -1,14 +1,81 @@
 #include "qv/support/qvStringList.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <iterator>
+#include <numeric>
+#include <utility>
 
 namespace {
 
 using Element = _qvString<500>;
 static_assert(sizeof(Element) == 1006);
+
+/// Whether an element comes ahead of another one.
+struct Precedes
+{
+    Element const* items;
+    bool descending;
+
+    bool operator()(int a, int b) const
+    {
+        int const order = items[a].compare(items[b]);
+        return descending ? order > 0 : order < 0;
+    }
+};
+
+/// Sorts the numbers of elements, stable, by merging ever longer sorted stretches from one of two
+/// arrays into the other.
+/// @return The array that holds the result.
+int* sorted(int* from, int* to, std::ptrdiff_t count, Precedes precedes)
+{
+    for (std::ptrdiff_t stretch = 1; stretch < count; stretch *= 2) {
+        for (std::ptrdiff_t begin = 0; begin < count; begin += 2 * stretch) {
+            auto const middle = std::min(begin + stretch, count);
+            auto const end = std::min(middle + stretch, count);
+            std::merge(from + begin, from + middle, from + middle, from + end, to + begin,
+                       precedes);
+        }
+        std::swap(from, to);
+    }
+    return from;
+}
+
+/// Brings to each place the element whose number stands there, along the rings in which they change
+/// places. Elements are assigned, so that each place keeps its reserved bytes.
+/// @param numbers Each number once. They end as their own places.
+void arrange(Element* items, int* numbers, int count)
+{
+    for (int first = 0; first < count; ++first) {
+        if (numbers[first] == first)
+            continue;
+        Element const held = items[first];
+        int place = first;
+        for (int next = numbers[place]; next != first; next = numbers[place]) {
+            items[place] = items[next];
+            numbers[place] = place;
+            place = next;
+        }
+        items[place] = held;
+        numbers[place] = place;
+    }
+}
+
+/// Sorts by exchanging neighbours: slow, but without memory.
+void sortInPlace(Element* items, int count, Precedes precedes)
+{
+    for (int limit = count - 1; limit >= 1; --limit) {
+        for (int i = 0; i < limit; ++i) {
+            if (precedes(i + 1, i)) {
+                Element const held = items[i];
+                items[i] = items[i + 1];
+                items[i + 1] = held;
+            }
+        }
+    }
+}
 
 } // namespace
 
@@ -113,17 +180,18 @@ char const* _qvStringList::atAsChar(int const& index) const
 
 void _qvStringList::sort(bool const& descending)
 {
-    Element held;
-    for (int limit = count - 1; limit >= 1; --limit) {
-        for (int i = 0; i < limit; ++i) {
-            int const order = items[i].compare(items[i + 1]);
-            if (descending ? order < 0 : order > 0) {
-                held = items[i];
-                items[i] = items[i + 1];
-                items[i + 1] = held;
-            }
-        }
+    if (count < 2)
+        return;
+    Precedes const precedes{items, descending};
+    auto const size = static_cast<std::size_t>(count);
+    auto* const numbers = static_cast<int*>(std::calloc(2 * size, sizeof(int)));
+    if (numbers == nullptr) {
+        sortInPlace(items, count, precedes);
+        return;
     }
+    std::iota(numbers, numbers + size, 0);
+    arrange(items, sorted(numbers, numbers + size, count, precedes), count);
+    std::free(numbers);
 }
 
 void _qvStringList::copyFrom(_qvStringList const& other)

@@ -68,7 +68,9 @@ public:
     /// @return The low bytes of the element, at most 499, zero-terminated.
     char const* atAsChar(int const& index) const;
 
-    /// Sorts by `compare`, so ignoring case, by stored bytes; stable in both directions. Quadratic.
+    /// Sorts by `compare`, so ignoring case, by stored bytes; stable in both directions. The time
+    /// grows as n log n; without memory for two numbers an element, as the square. Each place keeps
+    /// its own `reserved` bytes; the rest of an element travels, units behind its text too.
     /// @param descending Whether the last comes first.
     void sort(bool const& descending);
 

@@ -129,7 +129,7 @@ private:
         case 13:
         case 14:
             list.sort(flag);
-            model.sort(flag);
+            model.sort(flag, false);
             return "sort";
         case 15:
             list.copyFrom(*other.list);
@@ -176,13 +176,18 @@ private:
     void failToAllocate(ByteReader& input, Pair& pair, Pair const& other, int index)
     {
         ListText const text = readText(input);
+        bool const descending = input.flag();
         heap->failNext();
-        switch (input.below(3)) {
+        switch (input.below(4)) {
         case 0:
+            pair.list->sort(descending);
+            pair.model.sort(descending, true);
+            break;
+        case 1:
             pair.list->append(real(text), true, true);
             pair.model.append(text, true, true, true);
             break;
-        case 1:
+        case 2:
             pair.list->insert(index, real(text));
             pair.model.insert(index, text, true);
             break;

@@ -159,8 +159,14 @@ public:
         return {charBuffer.data(), length};
     }
 
-    void sort(bool descending)
+    // Its help is two numbers an element; without them it gives the same.
+    void sort(bool descending, bool fails)
     {
+        if (count > 1) {
+            heapCalls.push_back("calloc(" + std::to_string(2 * count) + ", 4)");
+            if (!fails)
+                heapCalls.emplace_back("free");
+        }
         std::vector<ListText> texts = allTexts();
         std::stable_sort(texts.begin(), texts.end(), [&](ListText const& a, ListText const& b) {
             return descending ? standsBefore(b, a) : standsBefore(a, b);

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdint>
 #include <cstring>
 #include <string>
 
@@ -68,12 +69,82 @@ TEST(QvStringListMemory, AllocatesForNothingElse)
     list.removeAt(3);
     list.find(text500("A"), false);
     list.findContains(text500("A"), false);
-    list.sort(false);
-    list.sort(true);
     list.at(1);
     list.atAsChar(1);
     list.asString8();
     EXPECT_EQ(heap.takeCalls(), Calls{});
+}
+
+// One by one, as the slowest sort there is does it.
+void exchangeNeighbours(List& list, bool descending)
+{
+    for (int limit = list.count - 1; limit >= 1; --limit) {
+        for (int i = 0; i < limit; ++i) {
+            int const order = list.items[i].compare(list.items[i + 1]);
+            if (descending ? order < 0 : order > 0) {
+                Text const held = list.items[i];
+                list.items[i] = list.items[i + 1];
+                list.items[i + 1] = held;
+            }
+        }
+    }
+}
+
+// Texts of two letters in both cases, so that many are equal; old units behind them, and a mark in
+// the reserved bytes of each place.
+void fillWithMarks(List& list, int count)
+{
+    std::uint32_t seed = static_cast<std::uint32_t>(count);
+    for (int i = 0; i < count; ++i) {
+        std::string text;
+        for (int letter = 0; letter < 3; ++letter) {
+            seed = seed * 1664525 + 1013904223;
+            text += "aAbB"[seed >> 30];
+        }
+        list.append(text500(text), false, false);
+        list.items[i].text[3] = static_cast<unsigned short>(i);
+        list.items[i].length = static_cast<unsigned short>(seed >> 13 & 3);
+        list.items[i].reserved = static_cast<unsigned short>(0x7700 + i);
+    }
+}
+
+TEST(QvStringListMemory, SortsToTheByteAsExchangesOfNeighboursDo)
+{
+    for (int const count : {0, 1, 2, 3, 4, 5, 8, 9, 31, 32, 33, 100}) {
+        for (bool const descending : {false, true}) {
+            for (bool const hasMemory : {true, false}) {
+                List list;
+                List expected;
+                fillWithMarks(list, count);
+                fillWithMarks(expected, count);
+                exchangeNeighbours(expected, descending);
+                HeapWatch heap;
+                if (!hasMemory)
+                    heap.failNext();
+                list.sort(descending);
+                heap.cancelFailure();
+                ASSERT_EQ(std::memcmp(list.items, expected.items,
+                                      static_cast<std::size_t>(count) * sizeof(Text)),
+                          0)
+                    << count << descending << hasMemory;
+                ASSERT_EQ(heap.liveBlocks(), 0U);
+            }
+        }
+    }
+}
+
+TEST(QvStringListMemory, AsksForTwoNumbersAnElementToSort)
+{
+    HeapWatch heap;
+    List list;
+    fill(list, {"b"});
+    heap.takeCalls();
+    list.sort(false);
+    EXPECT_EQ(heap.takeCalls(), Calls{});
+    fill(list, {"a", "B"});
+    heap.takeCalls();
+    list.sort(false);
+    EXPECT_EQ(heap.takeCalls(), (Calls{"calloc(6, 4)", "free"}));
 }
 
 TEST(QvStringListMemory, InitFreesOnce)
