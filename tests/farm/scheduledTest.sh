@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The crontab and the Slurm epilog of contrib/, run as their daemons would run them.
+# The crontab and the Slurm scripts of contrib/, run as their daemons would run them.
 set -euo pipefail
 # shellcheck source-path=SCRIPTDIR source=farm.sh
 source "$(dirname "${BASH_SOURCE[0]}")/farm.sh"
@@ -42,17 +42,23 @@ SCRIPT
 chmod +x "$QV_FARM/bin/logger"
 : >"$QV_FARM/log"
 
-# endOfJob NODE: what slurmd does there.
-endOfJob() {
-    run ssh "$1" "SLURM_JOB_ID=4711 SLURMD_NODENAME=$1 contrib/slurm/epilog.sh"
+# aroundJob prolog|epilog NODE: what slurmd does there.
+aroundJob() {
+    run ssh "$2" "SLURM_JOB_ID=4711 SLURMD_NODENAME=$2 contrib/slurm/$1.sh"
 }
 
-endOfJob render02
+aroundJob prolog render02
+expectStatus 0
+expectHeard render02 'Abort & Disable'
+aroundJob epilog render02
 expectStatus 0
 expectHeard render02 Enable
 [[ ! -s $QV_FARM/log ]] || fail "logged without need: $(<"$QV_FARM/log")"
 
-endOfJob render03
+aroundJob prolog render03
+expectStatus 0
+aroundJob epilog render03
 expectStatus 0
 text=$(<"$QV_FARM/log")
+expectLine "-t qvNodeDispatch render03: client not disabled before job 4711, status 2: $noClient"
 expectLine "-t qvNodeDispatch render03: client not enabled after job 4711, status 2: $noClient"
