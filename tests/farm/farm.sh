@@ -3,36 +3,43 @@
 #     source farm.sh TOOL STATUS_SCRIPT MAILBOX_VIEW STAND_IN_CLIENT
 #
 # A node is a System V namespace. Clients run on render01 and render02; render03 has none. The
-# recipes are taken from docs/cookbook.md and run as they stand, with an ssh that enters a node.
+# recipes are taken from docs/cookbook.md and run as they stand, with an ssh that enters a node. A
+# real node has a network and an OpenSSH server of its own besides, and is reached by the real ssh.
 # shellcheck shell=bash
 set -euo pipefail
-
-# Nothing here may meet a client of this machine, so everything happens in a namespace of our own;
-# this shell becomes the one inside.
-if [[ ${QV_FARM_SHELL:-} != "$$" ]]; then
-    asUser=()
-    unshare --ipc true 2>/dev/null || asUser=(--user --map-root-user)
-    QV_FARM_SHELL=$$ exec unshare "${asUser[@]}" --ipc bash "$0" "$@"
-fi
-QV_FARM=$(mktemp -d)
-export QV_FARM
-source=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
-standInClient=$4
 
 fail() {
     echo "$(basename "$0"): $*" >&2
     exit 1
 }
 
-# endFarm: ends what was started in the background and leaves nothing behind.
-endFarm() {
-    local started
-    mapfile -t started < <(jobs -pr)
-    ((${#started[@]} == 0)) || kill "${started[@]}" 2>/dev/null || true
-    wait
-    rm -rf "$QV_FARM"
+# skip REASON: ctest takes 77 for a test that could not be run here.
+skip() {
+    echo "$(basename "$0"): skipped: $*" >&2
+    exit 77
 }
-trap endFarm EXIT
+
+# Nothing here may meet a client of this machine, and nothing may be left behind however the test
+# ends. So the test runs once more as process 1 of its own namespaces: when that one ends, the kernel
+# ends all others in them, and with the last of them segments, networks and files are gone.
+if [[ $$ != 1 || -z ${QV_FARM:-} ]]; then
+    apart=(unshare --ipc --net --mount --pid --fork --kill-child --mount-proc)
+    ((EUID == 0)) || apart+=(--user --map-root-user)
+    why=$("${apart[@]}" true 2>&1) || skip "this user may not make namespaces here: $why"
+    QV_FARM=/run/farm setpriv --pdeathsig KILL "${apart[@]}" bash "$0" "$@" &
+    inside=$!
+    for signal in HUP INT TERM; do
+        # shellcheck disable=SC2064 # the names are put in now
+        trap "kill -KILL $inside; trap - $signal; kill -$signal $$" "$signal"
+    done
+    status=0
+    wait "$inside" || status=$?
+    exit "$status"
+fi
+mount -t tmpfs -o mode=755 farm /run
+mkdir "$QV_FARM"
+source=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+standInClient=$4
 
 # need PROGRAM PACKAGE...: what the recipes of a test run, and the Debian packages that have it.
 need() {
@@ -53,17 +60,60 @@ waitFor() {
     fail "waited in vain for $what"
 }
 
-# startNode NODE: a namespace of its own, which lasts as long as a process in it. Processes end by
-# themselves if this test is killed.
+# startNode NODE: a System V namespace, which lasts as long as a process in it.
 startNode() {
     mkdir "$QV_FARM/$1"
-    unshare --ipc sleep 120 &
-    echo $! >"$QV_FARM/$1/pid"
-    waitFor "the namespace of $1" isApart $!
+    unshare --ipc sleep infinity &
+    nodeStarted "$1" $! ipc
+}
+
+# nodeStarted NODE PID NAMESPACE: waits until the process has got its own.
+nodeStarted() {
+    echo "$2" >"$QV_FARM/$1/pid"
+    waitFor "the namespace of $1" isApart "$2" "$3"
 }
 
 isApart() {
-    [[ $(readlink "/proc/$1/ns/ipc") != "$(readlink /proc/self/ns/ipc)" ]]
+    [[ $(readlink "/proc/$1/ns/$2") != "$(readlink "/proc/self/ns/$2")" ]]
+}
+
+# makeNetwork: keys and settings of the administrator, and of an ssh that knows no other hosts.
+makeNetwork() {
+    ip link set lo up
+    mkdir /run/sshd
+    ssh-keygen -q -t ed25519 -N '' -C administrator -f "$QV_FARM/userKey"
+    cat >"$QV_FARM/ssh_config" <<CONFIG
+IdentityFile $QV_FARM/userKey
+IdentitiesOnly yes
+UserKnownHostsFile $QV_FARM/known_hosts
+GlobalKnownHostsFile none
+StrictHostKeyChecking yes
+CONFIG
+}
+
+# startRealNode NODE NUMBER: a node with its own host name, network, users and OpenSSH server, in
+# which the programs are installed.
+startRealNode() {
+    local dir=$QV_FARM/$1 desk=10.0.$2.1 node=10.0.$2.2
+    awk '{ users += $3 } END { exit users < 65535 }' /proc/self/uid_map ||
+        skip "a real OpenSSH server needs users beside root: run it as root"
+    [[ -f $QV_FARM/ssh_config ]] || makeNetwork
+    mkdir -p "$dir/home"
+    ssh-keygen -q -t ed25519 -N '' -C "$1" -f "$dir/hostKey"
+    echo "$1 $(<"$dir/hostKey.pub")" >>"$QV_FARM/known_hosts"
+    printf 'Host %s\nHostName %s\nHostKeyAlias %s\n' "$1" "$node" "$1" >>"$QV_FARM/ssh_config"
+    unshare --ipc --net --uts --mount bash "$source/tests/farm/realNode.sh" "$1" "$node" &
+    nodeStarted "$1" $! net
+    why=$(ip link add "$1" type veth peer name eth0 netns "$(<"$dir/pid")" 2>&1) ||
+        skip "this kernel makes no pairs of network devices: $why"
+    ip address add "$desk/24" dev "$1"
+    ip link set "$1" up
+    waitFor "the server of $1" ssh "$1" true 2>>"$dir/log"
+}
+
+# endNode NODE: it can be reached no more.
+endNode() {
+    kill "$(<"$QV_FARM/$1/pid")"
 }
 
 # startClient NODE COMMAND...: a client on the node, which says that it is ready.
@@ -71,19 +121,25 @@ startClient() {
     local node=$1
     shift
     : >"$QV_FARM/$node/heard"
-    nsenter --ipc="/proc/$(<"$QV_FARM/$node/pid")/ns/ipc" "$@" >>"$QV_FARM/$node/heard" &
+    nsenter --target "$(<"$QV_FARM/$node/pid")" --ipc "$@" >>"$QV_FARM/$node/heard" &
     # shellcheck disable=SC2034 # the tests end it by this
     client=$!
     waitFor "the client of $node" grep -q ready "$QV_FARM/$node/heard"
     : >"$QV_FARM/$node/heard"
 }
 
+# startFarm real|standIns: three nodes; of what kind the first two of them are.
 startFarm() {
-    for node in render01 render02 render03; do
-        startNode "$node"
-    done
-    startClient render01 "$standInClient" --seconds 120
-    startClient render02 "$standInClient" --seconds 120
+    if [[ $1 == real ]]; then
+        startRealNode render01 1
+        startRealNode render02 2
+    else
+        startNode render01
+        startNode render02
+    fi
+    startNode render03
+    startClient render01 "$standInClient"
+    startClient render02 "$standInClient"
 }
 
 # recipe NAME: the block of that name in the cookbook, without the indent of a list.

@@ -5,8 +5,16 @@ set -euo pipefail
 # shellcheck source-path=SCRIPTDIR source=farm.sh
 source "$(dirname "${BASH_SOURCE[0]}")/farm.sh"
 need clush clustershell pdsh pdsh parallel parallel ansible-playbook ansible-core \
-    python3 python3 nsenter util-linux
-startFarm
+    python3 python3 nsenter util-linux ssh openssh-client ssh-keygen openssh-client \
+    /usr/sbin/sshd openssh-server ip iproute2
+startFarm real
+
+# The road to the first two is the real one.
+run ssh render02 'hostname; echo "from ${SSH_CONNECTION%% *} to $(command -v qvNodeDispatchStatus)"'
+expectLine render02
+expectLine 'from 10\.0\.2\.1 to /usr/local/bin/qvNodeDispatchStatus'
+run ssh render03 'echo "${SSH_CONNECTION:-no connection}"'
+expectLine 'no connection'
 
 expectHeardByBoth() {
     expectHeard render01 "$1"
@@ -38,7 +46,7 @@ runRecipe parallel-failed
 [[ $text == 'render03 2' ]] || fail "failed nodes in the log: $text"
 
 # The client of the third node is up: the log sends to that node alone.
-startClient render03 "$standInClient" --seconds 120
+startClient render03 "$standInClient"
 runRecipe parallel-again
 expectStatus 0
 expectHeard render03 Disable

@@ -4,7 +4,7 @@ set -euo pipefail
 # shellcheck source-path=SCRIPTDIR source=farm.sh
 source "$(dirname "${BASH_SOURCE[0]}")/farm.sh"
 need jq jq ipcs util-linux ipcrm util-linux nsenter util-linux python3 python3
-startFarm
+startFarm standIns
 
 # startFrozen LOCK COUNT: a client on render03 that hangs, with its lock byte and its message count.
 startFrozen() {

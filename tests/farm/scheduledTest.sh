@@ -4,7 +4,7 @@ set -euo pipefail
 # shellcheck source-path=SCRIPTDIR source=farm.sh
 source "$(dirname "${BASH_SOURCE[0]}")/farm.sh"
 need nsenter util-linux
-startFarm
+startFarm standIns
 noClient='.* Shared Memory does not exist\.'
 
 # A crontab's settings, and its entries without the five fields of time and the user.
