@@ -77,6 +77,11 @@ isApart() {
     [[ $(readlink "/proc/$1/ns/$2") != "$(readlink "/proc/self/ns/$2")" ]]
 }
 
+# mayHaveRealNodes: whether the users here are those of root, or a few that a user may have.
+mayHaveRealNodes() {
+    awk '{ users += $3 } END { exit users < 65535 }' /proc/self/uid_map
+}
+
 # makeNetwork: keys and settings of the administrator, and of an ssh that knows no other hosts.
 makeNetwork() {
     ip link set lo up
@@ -95,8 +100,7 @@ CONFIG
 # which the programs are installed.
 startRealNode() {
     local dir=$QV_FARM/$1 desk=10.0.$2.1 node=10.0.$2.2
-    awk '{ users += $3 } END { exit users < 65535 }' /proc/self/uid_map ||
-        skip "a real OpenSSH server needs users beside root: run it as root"
+    mayHaveRealNodes || skip "a real OpenSSH server needs users beside root: run it as root"
     [[ -f $QV_FARM/ssh_config ]] || makeNetwork
     mkdir -p "$dir/home"
     ssh-keygen -q -t ed25519 -N '' -C "$1" -f "$dir/hostKey"

@@ -2,7 +2,7 @@
 # However a test of the farm ends, nothing of it is left: no process, and so no namespace with its
 # segments and networks, and no file. And who may not make namespaces is told so.
 #
-#     leftoversTest.sh TOOL STATUS_SCRIPT MAILBOX_VIEW STAND_IN_CLIENT
+#     leftoversTest.sh TOOL STATUS_SCRIPT MAILBOX_VIEW STAND_IN_CLIENT FARM_NODES
 set -euo pipefail
 
 # The farm that is to end, in a run of this script by itself. QV_UP is where it says that it is up.
@@ -10,6 +10,7 @@ if [[ -n ${QV_UP:-} ]]; then
     # shellcheck source-path=SCRIPTDIR source=farm.sh
     source "$(dirname "${BASH_SOURCE[0]}")/farm.sh"
     startFarm real
+    sleep infinity | "$5" ccnfl >/dev/null &
     # A connection that has outlived its command, as the engines keep them.
     ssh -M -S "$QV_FARM/control" -o ControlPersist=60 render01 true
     readlink /proc/self/ns/pid >"$QV_UP"
