@@ -32,6 +32,20 @@ expectLine 'none: A client is attached, and its queue has room\.'
 expectLine 'missing: There is no segment: no client runs on this machine\.'
 [[ $(grep -c '^none: ' <<<"$text") == 1 ]] || fail "equal nodes are not folded: $text"
 
+# A node that cannot be reached, and one where the tool is missing.
+startRealNode render04 4
+endNode render04
+runRecipe counts
+expectStatus 0
+[[ $text == '2 stored, 1 noSegment, 1 unreachable' ]] || fail "counts: $text"
+expectHeardByBoth Disable
+runRecipe counts-who
+[[ $text == render03 ]] || fail "nodes without a client: $text"
+rm "$QV_FARM/bin/qvNodeDispatchStatus"
+runRecipe counts
+[[ $text == '3 status127, 1 unreachable' ]] || fail "counts: $text"
+cp "$2" "$QV_FARM/bin"
+
 runRecipe pdsh
 expectStatus 2
 expectLine 'pdsh@[^:]+: render03: ssh exited with exit code 2'
