@@ -1,0 +1,11 @@
+# CPack reads this before it packs each format. The time in every package is that of the last commit,
+# unless SOURCE_DATE_EPOCH says another one, so that one commit gives the same bytes each time.
+set(sources ${CMAKE_CURRENT_LIST_DIR}/..)
+if(NOT DEFINED ENV{SOURCE_DATE_EPOCH})
+    execute_process(COMMAND git -C ${sources} log -1 --format=%ct
+        OUTPUT_VARIABLE epoch OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET RESULT_VARIABLE failed)
+    if(failed) # no checkout
+        file(TIMESTAMP ${sources}/CHANGELOG.md epoch "%s" UTC)
+    endif()
+    set(ENV{SOURCE_DATE_EPOCH} ${epoch})
+endif()
