@@ -1,11 +1,17 @@
-# `./dev package`: the tool and the library as a .deb and a tar.gz each. The tar.gz is for machines
-# without dpkg; it unpacks over any prefix, such as /usr/local.
+# `./dev package`: the tool and the library as a .deb and a tar.gz each, the tool as an .rpm too. The
+# tar.gz is for machines without dpkg and rpm; it unpacks over any prefix, such as /usr/local.
 set(CPACK_PACKAGE_NAME qvnodedispatch)
 set(CPACK_PACKAGE_VENDOR "qvNodeDispatch contributors")
 set(CPACK_PACKAGE_CONTACT "${CPACK_PACKAGE_VENDOR} <contributors@qvnodedispatch.invalid>")
 set(CPACK_GENERATOR TGZ DEB)
+find_program(QV_RPMBUILD rpmbuild)
+if(QV_RPMBUILD)
+    list(APPEND CPACK_GENERATOR RPM)
+endif()
 set(CPACK_PROJECT_CONFIG_FILE ${PROJECT_SOURCE_DIR}/packaging/cpack.cmake)
-set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/packaging/debian.cmake)
+set(CPACK_PRE_BUILD_SCRIPTS
+    ${PROJECT_SOURCE_DIR}/packaging/debian.cmake
+    ${PROJECT_SOURCE_DIR}/packaging/rpm.cmake)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
@@ -24,11 +30,12 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # each package has its own
 set(CPACK_DEBIAN_TOOL_PACKAGE_NAME qvnodedispatch)
 set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_TOOL_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_TOOL_DESCRIPTION "hand the render client on this machine one command
-The tool appends a command such as abort, disable or restart to the message
+set(toolDescription "The tool appends a command such as abort, disable or restart to the message
 queue in the client's shared memory. With it come a script that tells the
 outcome by its exit status, a viewer for the client's mailbox, and recipes
 for many nodes.")
+set(CPACK_DEBIAN_TOOL_DESCRIPTION
+    "hand the render client on this machine one command\n${toolDescription}")
 
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libqv-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
@@ -36,4 +43,31 @@ set(CPACK_DEBIAN_DEV_DESCRIPTION "support library of the render farm's programs
 Strings of a fixed capacity that live inside shared records, a named shared
 segment with a lock, a string list, checksums and text helpers, for C++20.
 Views for GDB, LLDB and natvis come with it.")
+
+# For Enterprise Linux 8 and 9. The tools alone: a program links the library with the C++ library that
+# it was compiled with, which is another one there.
+set(CPACK_RPM_COMPONENT_INSTALL ON)
+set(CPACK_RPM_FILE_NAME RPM-DEFAULT)
+set(CPACK_RPM_COMPRESSION_TYPE xz) # both read it
+set(CPACK_RPM_PACKAGE_GROUP Applications/System)
+set(CPACK_RPM_PACKAGE_RELOCATABLE OFF)
+set(CPACK_RPM_PACKAGE_LICENSE "LicenseRef-All-Rights-Reserved")
+set(CPACK_RPM_TOOL_PACKAGE_NAME qvnodedispatch)
+set(CPACK_RPM_TOOL_PACKAGE_SUMMARY "Hand the render client on this machine one command")
+set(CPACK_RPM_TOOL_PACKAGE_DESCRIPTION "${toolDescription}")
+# The build host and the links to build ids would tell one build from another. What the scripts among
+# the documents call is no dependency, nor is the loader of a static-pie, which loads itself.
+set(CPACK_RPM_SPEC_MORE_DEFINE "
+%define packager ${CPACK_PACKAGE_CONTACT}
+%define _buildhost localhost
+%define _build_id_links none
+%define use_source_date_epoch_as_buildtime 1
+%define __os_install_post %{nil}
+%define __requires_exclude ^rtld[(]GNU_HASH[)]$
+%define __requires_exclude_from ^/usr/share/doc/")
+# Folders of the system are not the package's.
+foreach(folder IN ITEMS bash-completion bash-completion/completions fish fish/vendor_completions.d
+        man man/man1 zsh zsh/site-functions)
+    list(APPEND CPACK_RPM_EXCLUDE_FROM_AUTO_FILELIST_ADDITION /usr/share/${folder})
+endforeach()
 include(CPack)

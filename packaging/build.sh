@@ -17,6 +17,7 @@ pack() {
     (cd "$sources" && cmake --preset release -B "$build" -DQV_BUILD_TESTS=OFF \
         -DQV_BUILD_EXAMPLES=OFF "$@") >"$build.log" 2>&1 || { cat "$build.log" >&2; return 1; }
     cmake --build "$build"
+    rm -rf "$build/packed"
     # What belongs to root is read by all, whoever packs it.
     (umask 022 && cd "$build" && cpack -B "$build/packed")
     find "$build/packed" -maxdepth 1 -type f -exec cp -t "$packages" {} +

@@ -1,21 +1,52 @@
 #!/usr/bin/env bash
-# Tries the packages of a folder: their checksums and times, lintian, then what they unpack to.
+# Tries the packages of a folder: their checksums and times, lintian and rpmlint, then what they unpack
+# to.
 #
 #     check.sh FOLDER
 set -euo pipefail
-tests=$(dirname "$(realpath "${BASH_SOURCE[0]}")")/../tests
+here=$(dirname "$(realpath "${BASH_SOURCE[0]}")")
+tests=$here/../tests
 # shellcheck source-path=SCRIPTDIR source=../tests/shell/expect.sh
 source "$tests/shell/expect.sh"
 need lintian lintian
 need file file
+need rpm rpm
+need rpmlint rpmlint
+need unshare util-linux
 cd "$1"
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 
-expect 'packages of which SHA256SUMS has the sum' "$(find . -type f ! -name SHA256SUMS -printf '%P\n' | sort)" \
-    "$(sha256sum --check SHA256SUMS | sed -n 's/: OK$//p' | sort)"
+expect 'what SHA256SUMS says of the packages' \
+    "$(find . -type f ! -name SHA256SUMS -printf '%P: OK\n' | LC_ALL=C sort)" \
+    "$(sha256sum --check SHA256SUMS 2>/dev/null | LC_ALL=C sort)"
 expect 'lintian finds no error' yes \
     "$(lintian --allow-root --fail-on error ./*.deb >&2 && echo yes)"
+expect 'rpmlint finds nothing' '0 errors, 0 warnings' \
+    "$(rpmlint --config "$here/rpmlint.toml" ./*.rpm | tee /dev/stderr | grep -o '[0-9]* errors, [0-9]* warnings')"
+
+# An own root with nothing in it but the package. The rpm of Enterprise Linux 8 has each of these.
+mkdir "$scratch/rpm"
+as_root=(unshare --ipc)
+((EUID == 0)) || as_root+=(--user --map-root-user)
+in_root=("${as_root[@]}" rpm --force-debian --root "$scratch/rpm") # Debian's rpm asks for alien
+expect 'what the .rpm depends on' 'rpmlib(CompressedFileNames) <= 3.0.4-1
+rpmlib(FileDigests) <= 4.6.0-1
+rpmlib(PayloadFilesHavePrefix) <= 4.0-1
+rpmlib(PayloadIsXz) <= 5.2-1' "$(rpm -qp --requires ./*.rpm)"
+expect 'the .rpm is installed, and nothing differs' '' \
+    "$("${in_root[@]}" -i "$PWD"/*.rpm 2>&1
+       "${in_root[@]}" -V qvnodedispatch 2>&1)"
+expect 'the tool runs where nothing else is' 'Shared Memory does not exist.' \
+    "$("${as_root[@]}" chroot "$scratch/rpm" /usr/bin/qvNodeDispatch abort | grep -o 'Shared.*exist\.')"
+expect 'so does the one for scripts' noSegment \
+    "$("${as_root[@]}" chroot "$scratch/rpm" /usr/bin/qvNodeDispatchStatus --json abort |
+        grep -o noSegment)"
+expect 'so does the view' 'no segment' \
+    "$("${as_root[@]}" chroot "$scratch/rpm" /usr/bin/mailboxView | grep -o 'no segment')"
+expect 'what is left of the .rpm when it is removed' '' \
+    "$("${in_root[@]}" -e qvnodedispatch 2>&1
+       find "$scratch/rpm" -ipath '*qv*' -o -name 'mailboxView*')"
 
 mkdir "$scratch"/{deb,tar}
 for package in ./*.deb; do
@@ -26,7 +57,7 @@ for package in ./*.tar.gz; do
 done
 committed=${SOURCE_DATE_EPOCH:-$(git -C "$tests" log -1 --format=%ct)}
 expect 'the times in the packages' "$committed" \
-    "$(find "$scratch" -type f -printf '%T@\n' | sed 's/\.0*$//' | sort -u)"
+    "$(find "$scratch"/{deb,tar} -type f -printf '%T@\n' | sed 's/\.0*$//' | sort -u)"
 
 version=$(dpkg-deb -f qvnodedispatch_*.deb Version)
 for prefix in "$scratch/deb/usr" "$scratch/tar"; do

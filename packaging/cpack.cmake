@@ -9,3 +9,13 @@ if(NOT DEFINED ENV{SOURCE_DATE_EPOCH})
     endif()
     set(ENV{SOURCE_DATE_EPOCH} ${epoch})
 endif()
+
+if(CPACK_GENERATOR STREQUAL "RPM")
+    set(CPACK_COMPONENTS_ALL tool)
+    # Its own format, as Debian's changelog has one.
+    string(TIMESTAMP date "%a %b %d %Y" UTC)
+    set(CPACK_RPM_CHANGELOG_FILE ${CPACK_PACKAGE_DIRECTORY}/_CPack_Packages/changelog)
+    file(WRITE ${CPACK_RPM_CHANGELOG_FILE} "* ${date} ${CPACK_PACKAGE_CONTACT} - ${CPACK_PACKAGE_VERSION}-1
+- Built from the sources of this version.
+")
+endif()
