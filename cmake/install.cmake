@@ -39,12 +39,20 @@ endif()
 configure_file(cmake/qv.pc.in qv.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/qv.pc DESTINATION ${pkgConfig} COMPONENT dev)
 
-# The documents lie to each other as in the tree, so that their links hold; the tool's too, below.
+# The documents lie to each other as in the tree, so that their links hold; the tool's too, below. A
+# link to what stays behind becomes text.
+function(qv_keep_links folder component)
+    cmake_path(ABSOLUTE_PATH folder BASE_DIRECTORY "\${CMAKE_INSTALL_PREFIX}")
+    install(CODE "set(documents \"\$ENV{DESTDIR}${folder}\")
+include(\"${PROJECT_SOURCE_DIR}/cmake/installedLinks.cmake\")" COMPONENT ${component})
+endfunction()
 file(GLOB drawings CONFIGURE_DEPENDS docs/image*.svg)
 install(DIRECTORY examples DESTINATION ${devDocs} COMPONENT dev FILES_MATCHING PATTERN "*.cpp")
-install(FILES docs/memory-images.md ${drawings} DESTINATION ${devDocs}/docs COMPONENT dev)
-install(FILES README.md DESTINATION ${devDocs} COMPONENT dev)
+install(FILES docs/memory-images.md docs/run.svg ${drawings} DESTINATION ${devDocs}/docs
+    COMPONENT dev)
+install(FILES README.md CHANGELOG.md DESTINATION ${devDocs} COMPONENT dev)
 install(FILES LICENSE RENAME copyright DESTINATION ${devDocs} COMPONENT dev) # Debian's name for it
+qv_keep_links(${devDocs} dev)
 
 if(NOT QV_BUILD_TOOL)
     return()
@@ -66,10 +74,11 @@ install(FILES completion/mailboxView.fish DESTINATION ${share}/fish/vendor_compl
     COMPONENT tool)
 install(FILES completion/_qvNodeDispatch completion/_mailboxView
     DESTINATION ${share}/zsh/site-functions COMPONENT tool)
-install(FILES docs/cookbook.md docs/mailbox.md docs/mailbox.svg DESTINATION ${toolDocs}/docs
-    COMPONENT tool)
+install(FILES docs/cookbook.md docs/mailbox.md docs/mailbox.svg docs/run.svg
+    DESTINATION ${toolDocs}/docs COMPONENT tool)
 install(DIRECTORY contrib DESTINATION ${toolDocs} COMPONENT tool
     PATTERN "*.sh" PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE
         WORLD_READ WORLD_EXECUTE)
-install(FILES README.md DESTINATION ${toolDocs} COMPONENT tool)
+install(FILES README.md CHANGELOG.md SECURITY.md DESTINATION ${toolDocs} COMPONENT tool)
 install(FILES LICENSE RENAME copyright DESTINATION ${toolDocs} COMPONENT tool)
+qv_keep_links(${toolDocs} tool)

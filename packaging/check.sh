@@ -59,7 +59,13 @@ committed=${SOURCE_DATE_EPOCH:-$(git -C "$tests" log -1 --format=%ct)}
 expect 'the times in the packages' "$committed" \
     "$(find "$scratch"/{deb,tar} -type f -printf '%T@\n' | sed 's/\.0*$//' | sort -u)"
 
+for name in qvnodedispatch libqv-dev; do
+    expect "$name has its changes where Debian looks for them" "$(cat "$here/../CHANGELOG.md")" \
+        "$(zcat "$scratch/deb/usr/share/doc/$name/changelog.gz")"
+done
+
 version=$(dpkg-deb -f qvnodedispatch_*.deb Version)
+version=${version%-*}
 for prefix in "$scratch/deb/usr" "$scratch/tar"; do
     expect 'the tool is static' yes \
         "$(file "$prefix/bin/qvNodeDispatch" | grep -qE 'static-pie linked|statically linked' && echo yes)"

@@ -15,7 +15,7 @@ if(CPACK_GENERATOR STREQUAL "RPM")
     # Its own format, as Debian's changelog has one.
     string(TIMESTAMP date "%a %b %d %Y" UTC)
     set(CPACK_RPM_CHANGELOG_FILE ${CPACK_PACKAGE_DIRECTORY}/_CPack_Packages/changelog)
-    file(WRITE ${CPACK_RPM_CHANGELOG_FILE} "* ${date} ${CPACK_PACKAGE_CONTACT} - ${CPACK_PACKAGE_VERSION}-1
+    file(WRITE ${CPACK_RPM_CHANGELOG_FILE} "* ${date} ${CPACK_PACKAGE_CONTACT} - ${CPACK_PACKAGE_VERSION}-${CPACK_RPM_PACKAGE_RELEASE}
 - Built from the sources of this version.
 ")
 endif()

@@ -10,10 +10,13 @@ foreach(component IN LISTS CPACK_COMPONENTS_ALL)
     set(package ${CPACK_DEBIAN_${upper}_PACKAGE_NAME})
     set(share ${CPACK_TEMPORARY_DIRECTORY}/${component}/usr/share)
 
-    configure_file(${CMAKE_CURRENT_LIST_DIR}/changelog.in ${share}/doc/${package}/changelog
+    # Debian's own changes, ours under the name that it looks for, and ours as the documents name them.
+    set(docs ${share}/doc/${package})
+    configure_file(${CMAKE_CURRENT_LIST_DIR}/changelog.in ${docs}/changelog.Debian
         @ONLY NO_SOURCE_PERMISSIONS)
+    configure_file(${docs}/CHANGELOG.md ${docs}/changelog COPYONLY)
     file(GLOB pages ${share}/man/*/*)
-    execute_process(COMMAND gzip -9n ${share}/doc/${package}/changelog ${pages}
+    execute_process(COMMAND gzip -9n ${docs}/changelog.Debian ${docs}/changelog ${pages}
         COMMAND_ERROR_IS_FATAL ANY)
 
     file(COPY ${CMAKE_CURRENT_LIST_DIR}/lintian/${package}

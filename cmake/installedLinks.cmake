@@ -1,0 +1,21 @@
+# Runs at the installation of a component. The documents in its folder (documents) keep their links to
+# what lies there; a link that leads to anything else becomes its text and says where to look.
+file(GLOB_RECURSE pages ${documents}/*.md)
+foreach(page IN LISTS pages)
+    cmake_path(GET page PARENT_PATH folder)
+    file(READ ${page} text)
+    # Two that have another place here.
+    string(REPLACE "](LICENSE)" "](copyright)" written "${text}")
+    string(REPLACE "](debugger/" "](../../qv/debugger/" written "${written}")
+    string(REGEX MATCHALL "\\[[^]]+\\]\\([^):#]+(#[^)]*)?\\)" links "${written}")
+    foreach(link IN LISTS links)
+        string(REGEX MATCH "^\\[(.*)\\]\\(([^)#]+)" parts "${link}")
+        set(words "${CMAKE_MATCH_1}")
+        if(NOT EXISTS ${folder}/${CMAKE_MATCH_2})
+            string(REPLACE "${link}" "${words} in the sources" written "${written}")
+        endif()
+    endforeach()
+    if(NOT written STREQUAL text)
+        file(WRITE ${page} "${written}")
+    endif()
+endforeach()
