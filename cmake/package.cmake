@@ -16,6 +16,25 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 
+# The linker tells what of others it puts into the programs. In a package, packaging/linked.py says so
+# beside them, once they are stripped.
+if(qvReleased AND CMAKE_SYSTEM_NAME STREQUAL "Linux")
+    set(linkMaps ${PROJECT_BINARY_DIR}/linkMaps)
+    file(MAKE_DIRECTORY ${linkMaps})
+    set(programs qvNodeDispatch qvNodeDispatchStatus mailboxView)
+    foreach(program IN LISTS programs)
+        target_link_options(${program} PRIVATE -Wl,-Map=${linkMaps}/${program}.map)
+    endforeach()
+    list(TRANSFORM programs REPLACE ".+" "\"\${prefix}/${CMAKE_INSTALL_BINDIR}/\\0\"")
+    list(JOIN programs " " programs)
+    install(CODE "
+        if(DEFINED ENV{QV_PACKED_VERSION})
+            set(prefix \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}\")
+            execute_process(COMMAND python3 -B \"${PROJECT_SOURCE_DIR}/packaging/linked.py\"
+                \"${linkMaps}\" \"\${prefix}/${toolDocs}\" ${programs} COMMAND_ERROR_IS_FATAL ANY)
+        endif()" COMPONENT tool)
+endif()
+
 set(CPACK_ARCHIVE_COMPONENT_INSTALL ON)
 set(platform ${PROJECT_VERSION}-${CMAKE_SYSTEM_PROCESSOR})
 set(CPACK_ARCHIVE_TOOL_FILE_NAME qvnodedispatch-${platform})

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Tries the packages of a folder: their checksums and times, lintian and rpmlint, then what they unpack
-# to.
+# Tries the packages of a folder: their checksums and times, lintian and rpmlint, then what they
+# unpack to.
 #
 #     check.sh FOLDER
 set -euo pipefail
@@ -17,13 +17,24 @@ cd "$1"
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 
+# What the programs of a folder show of what is linked into them. libgcc shows nothing.
+linked() {
+    local program libraries
+    for program in mailboxView qvNodeDispatch qvNodeDispatchStatus; do
+        grep -qa GLIBC_TUNABLES "$1/$program" && libraries=glibc || libraries=musl
+        ! grep -qa 'terminate called' "$1/$program" || libraries+=' libstdc++'
+        echo "$program: $libraries"
+    done
+}
+
 expect 'what SHA256SUMS says of the packages' \
     "$(find . -type f ! -name SHA256SUMS -printf '%P: OK\n' | LC_ALL=C sort)" \
     "$(sha256sum --check SHA256SUMS 2>/dev/null | LC_ALL=C sort)"
 expect 'lintian finds no error' yes \
     "$(lintian --allow-root --fail-on error ./*.deb >&2 && echo yes)"
 expect 'rpmlint finds nothing' '0 errors, 0 warnings' \
-    "$(rpmlint --config "$here/rpmlint.toml" ./*.rpm | tee /dev/stderr | grep -o '[0-9]* errors, [0-9]* warnings')"
+    "$(rpmlint --config "$here/rpmlint.toml" ./*.rpm | tee /dev/stderr |
+        grep -o '[0-9]* errors, [0-9]* warnings')"
 
 # An own root with nothing in it but the package. The rpm of Enterprise Linux 8 has each of these.
 mkdir "$scratch/rpm"
@@ -38,12 +49,15 @@ expect 'the .rpm is installed, and nothing differs' '' \
     "$("${in_root[@]}" -i "$PWD"/*.rpm 2>&1
        "${in_root[@]}" -V qvnodedispatch 2>&1)"
 expect 'the tool runs where nothing else is' 'Shared Memory does not exist.' \
-    "$("${as_root[@]}" chroot "$scratch/rpm" /usr/bin/qvNodeDispatch abort | grep -o 'Shared.*exist\.')"
+    "$("${as_root[@]}" chroot "$scratch/rpm" /usr/bin/qvNodeDispatch abort |
+        grep -o 'Shared.*exist\.')"
 expect 'so does the one for scripts' noSegment \
     "$("${as_root[@]}" chroot "$scratch/rpm" /usr/bin/qvNodeDispatchStatus --json abort |
         grep -o noSegment)"
 expect 'so does the view' 'no segment' \
     "$("${as_root[@]}" chroot "$scratch/rpm" /usr/bin/mailboxView | grep -o 'no segment')"
+expect 'what is linked in, by the SPDX document of the .rpm' "$(linked "$scratch/rpm/usr/bin")" \
+    "$(python3 -B "$here/checkLinked.py" "$scratch/rpm/usr" | sed 's/ libgcc//')"
 expect 'what is left of the .rpm when it is removed' '' \
     "$("${in_root[@]}" -e qvnodedispatch 2>&1
        find "$scratch/rpm" -ipath '*qv*' -o -name 'mailboxView*')"
@@ -67,8 +81,11 @@ done
 version=$(dpkg-deb -f qvnodedispatch_*.deb Version)
 version=${version%-*}
 for prefix in "$scratch/deb/usr" "$scratch/tar"; do
+    expect 'what is linked in, by the SPDX document' "$(linked "$prefix/bin")" \
+        "$(python3 -B "$here/checkLinked.py" "$prefix" | sed 's/ libgcc//')"
     expect 'the tool is static' yes \
-        "$(file "$prefix/bin/qvNodeDispatch" | grep -qE 'static-pie linked|statically linked' && echo yes)"
+        "$(file "$prefix/bin/qvNodeDispatch" |
+            grep -qE 'static-pie linked|statically linked' && echo yes)"
     expect 'the installed tree works' yes \
         "$(bash "$tests/package/installedTree.sh" "$prefix" "$version" >&2 && echo yes)"
 done

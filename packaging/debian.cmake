@@ -10,7 +10,7 @@ foreach(component IN LISTS CPACK_COMPONENTS_ALL)
     set(package ${CPACK_DEBIAN_${upper}_PACKAGE_NAME})
     set(share ${CPACK_TEMPORARY_DIRECTORY}/${component}/usr/share)
 
-    # Debian's own changes, ours under the name that it looks for, and ours as the documents name them.
+    # Debian's own changes, ours under the name that it looks for, ours as the documents name them.
     set(docs ${share}/doc/${package})
     configure_file(${CMAKE_CURRENT_LIST_DIR}/changelog.in ${docs}/changelog.Debian
         @ONLY NO_SOURCE_PERMISSIONS)

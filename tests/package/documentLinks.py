@@ -44,15 +44,16 @@ class Page(html.parser.HTMLParser):
 
 
 class Markdown:
-    """What is between fences or backticks is no link. An anchor is as the forges give it: a heading in
-    lower case, without punctuation, with blanks as dashes."""
+    """What is between fences or backticks is no link. An anchor is as the forges give it: a heading
+    in lower case, without punctuation, with blanks as dashes."""
 
     def __init__(self, text):
         prose = re.sub(r"^```.*?^```$", "", text, flags=re.M | re.S)
         headings = re.findall(r"^#+ (.+)$", prose, flags=re.M)
         self.anchors = {re.sub(r"[^\w-]", "", h.lower().replace(" ", "-")) for h in headings}
         prose = re.sub(r"(?<!\[)`[^`\n]+`(?!\])", "", prose)
-        self.links = re.findall(r"\]\(([^)\s]+)\)", prose) + re.findall(r"^\[[^]]+\]: (\S+)", prose, flags=re.M)
+        self.links = re.findall(r"\]\(([^)\s]+)\)", prose)
+        self.links += re.findall(r"^\[[^]]+\]: (\S+)", prose, flags=re.M)
 
 
 kinds = {".md": Markdown, ".html": Page}
