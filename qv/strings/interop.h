@@ -349,6 +349,10 @@ struct std::hash<String>
 template <qvInterop::FixedString String>
 struct std::formatter<String> : std::formatter<std::string_view>
 {
+    /// Writes the text as the format asks.
+    /// @param string The string.
+    /// @param context Where to.
+    /// @return The place behind the text.
     auto format(String const& string, auto& context) const
     {
         auto const text = qvInterop::printable(string);
@@ -362,6 +366,10 @@ struct std::formatter<String> : std::formatter<std::string_view>
 template <qvInterop::FixedString String>
 struct fmt::formatter<String> : fmt::formatter<std::string_view>
 {
+    /// Writes the text as the format asks.
+    /// @param string The string.
+    /// @param context Where to.
+    /// @return The place behind the text.
     auto format(String const& string, auto& context) const
     {
         auto const text = qvInterop::printable(string);
