@@ -11,6 +11,7 @@ import pathlib
 import re
 import sys
 
+import stringPages
 from declarations import declarationsOf
 
 ROOT = pathlib.Path(__file__).resolve().parents[1]
@@ -32,6 +33,14 @@ def missing(declarations):
     for each in shown:
         if each.returnsSomething() and not saysWhatItReturns(each, shown):
             yield each, "returns something, and no @return says what"
+        if isOfString(each) and (each.group is None or each.group.name not in stringPages.TASKS):
+            yield each, "stands under no task of docs/stringPages.py (\\name ... @{)"
+
+
+def isOfString(declaration):
+    """Whether it is a member that the page of a string shows."""
+    return (declaration.scope in {*stringPages.CLASSES, *stringPages.LAYERS}
+            and declaration.function() and not declaration.isDeleted())
 
 
 def main():

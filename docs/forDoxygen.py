@@ -1,6 +1,10 @@
-"""Doxygen reads each file through this. No line is added or taken away, so that what Doxygen
-reports has the line of the file.
+"""Doxygen reads each file through this.
 
+usage: forDoxygen.py [--as-written] FILE
+
+- A header of strings shows each class whole, with the members of its bases, by task: docs/stringPages.py.
+  With --as-written it stays as it is. No other line is added or taken away, so that what Doxygen
+  reports then has the line of the file.
 - Headings of a page get the anchors that its own links name, as the forges give them.
 - A link that leads to another page keeps the page alone. One that leads out of the reference
   becomes plain text, and so does one to a folder's README: each would be taken for the main page.
@@ -10,6 +14,8 @@ reports has the line of the file.
 
 import re
 import sys
+
+import stringPages
 
 
 def withAnchors(page):
@@ -25,6 +31,8 @@ def withLinksInside(page):
         text, target = link[1], link[2]
         if target.startswith(("#", "http")):
             return link[0]
+        if target == "docs/man":
+            return f'@ref manual "{text}"'
         target = target.partition("#")[0]
         isPage = target.endswith(".md") and not target.endswith("/README.md")
         return f"[{text}]({target})" if isPage else text
@@ -43,7 +51,12 @@ def withSummaries(header):
     return re.sub(opening, summarised, header, flags=re.M)
 
 
-with open(sys.argv[1], encoding="utf-8") as file:
-    text = file.read()
-isPage = sys.argv[1].endswith(".md")
-sys.stdout.write(withLinksInside(withAnchors(text)) if isPage else withSummaries(text))
+file = sys.argv[-1]
+with open(file, encoding="utf-8") as opened:
+    text = opened.read()
+if file.endswith(".md"):
+    text = withLinksInside(withAnchors(text))
+else:
+    whole = None if "--as-written" in sys.argv else stringPages.headerForDoxygen(file, text)
+    text = withSummaries(whole or text)
+sys.stdout.write(text)

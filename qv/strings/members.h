@@ -50,8 +50,15 @@ public:
     /// One unit of the text.
     using Unit = std::remove_extent_t<decltype(Image::text)>;
 
+    /// \name Construction
+    /// @{
+
     /// Copies the whole image, the spare bytes too.
     Members(Members const&) = default;
+
+    /// @}
+    /// \name Assignment
+    /// @{
 
     /// Copies the length and all N + 1 units of text, so the units behind the terminator travel
     /// too; the spare bytes of the image stay.
@@ -64,6 +71,7 @@ public:
         return *this;
     }
 
+    /// @}
     /// \name Length and state
     /// @{
 
@@ -92,6 +100,10 @@ public:
 
     /// @return True for a length other than 0.
     bool hasData() const { return this->length != 0; }
+
+    /// @}
+    /// \name Construction
+    /// @{
 
     /// A new string of one unit repeated, all behind the text zero.
     /// @param c The unit; never changed.
@@ -195,6 +207,10 @@ public:
     {
         appendField(checkedRef(), measured(s), width);
     }
+
+    /// @}
+    /// \name Numbers to text
+    /// @{
 
     /// Appends the number in a field as by `addSpacingC`. No thousands separator.
     /// @param v The number.
@@ -308,7 +324,7 @@ public:
         return find<Case::folded>(checkedRef(), pattern.checkedRun(), start);
     }
 
-    /// The same, exact.
+    /// As `indexOf` of a pattern, but exact.
     /// @copydetails indexOf(Self const&, int) const
     int indexOfCaseSen(Self const& pattern, int start) const
     {
@@ -425,7 +441,8 @@ public:
 
     /// @}
     /// \name Start and end of the text
-    /// An empty text gives false, and so does an empty pattern or one longer than the text.
+    /// An empty text gives false, and so does an empty pattern or one longer than the text, unless
+    /// the member says otherwise.
     /// @{
 
     /// @return True when the first unit is `c`, exact in spite of the name.
@@ -506,7 +523,7 @@ public:
         return self();
     }
 
-    /// The same, searched exactly.
+    /// As `replace` of a text, but searched exactly.
     /// @copydetails replace(Self const&, Self const&)
     Self& replaceCaseSen(Self const& from, Self const& to)
     {
@@ -524,7 +541,7 @@ public:
         return self();
     }
 
-    /// The same, exact.
+    /// As `remove` of a text, but exact.
     /// @copydetails remove(Self const&)
     Self& removeCaseSens(Self const& pattern)
     {

@@ -62,7 +62,7 @@ public:
     }
 
     /// @}
-    /// \name Conversion to bytes
+    /// \name Text out
     /// Each unit gives its low byte; no substitution, no encoding.
     /// @{
 
@@ -74,7 +74,7 @@ public:
     /// @copydoc to_qvString8_250() const
     operator _qvString8_allSize<250>() const { return to_qvString8_250(); }
 
-    /// The same with 499 bytes.
+    /// As `to_qvString8_250`, with 499 bytes.
     /// @return The bytes as an 8-bit string.
     _qvString8_allSize<500> to_qvString8_500() const { return narrowed<500>(); }
     /// @copydoc to_qvString8_500() const
@@ -91,7 +91,6 @@ public:
 
     /// @}
     /// \name Append
-    /// What does not fit under N is dropped from the end of the new text.
     /// @{
 
     /// Appends one byte, sign-extended. A full string stays as it is.
@@ -109,7 +108,7 @@ public:
     }
 
     /// @}
-    /// \name Equality with raw text
+    /// \name Equality
     /// @{
 
     /// Exact equality. No first-unit test, unlike the 8-bit namesake: two empty texts are equal.
@@ -138,7 +137,7 @@ public:
     }
 
     /// @}
-    /// \name Search
+    /// \name Position search
     /// @{
 
     /// Searches from position 0, ignoring case. Not const and without a start, unlike all other
@@ -150,6 +149,10 @@ public:
         TextRef<unsigned short const> const self = this->checkedRef();
         return find<Case::folded>(self, patternOf(s, this->capacity()), 0);
     }
+
+    /// @}
+    /// \name Containment
+    /// @{
 
     /// @return How many units equal `c`, ignoring case.
     /// @param c Byte to count; one from 0x80 up counts nothing.
@@ -167,8 +170,6 @@ public:
 
     /// @}
     /// \name Start and end of the text
-    /// An empty text gives false, and so does an empty pattern or one longer than the text,
-    /// unless the member says otherwise.
     /// @{
 
     /// `startsWith` with a count: false when it is 0 or above the length, not reduced (the 8-bit
@@ -210,7 +211,7 @@ public:
     }
 
     /// @}
-    /// \name Numbers and fields
+    /// \name Numbers to text
     /// Numbers are ASCII whatever the locale. What does not fit under N is cut at the end.
     /// @{
 
@@ -237,12 +238,20 @@ public:
         return result;
     }
 
+    /// @}
+    /// \name Text to numbers
+    /// @{
+
     /// `atoi` of the low bytes of the first 249 units. With `ok` all units must be digits but a '-'
     /// at position 0 (both may be missing). Values out of range are not noticed. An empty text
     /// gives 0 whatever stale units it has, unlike the 8-bit namesake.
     /// @param[out] ok Unless null, whether the units are so.
     /// @return The number; 0 where *ok is false.
     int toInt(bool* ok) const { return qvStrings::toInt(this->checkedRef(), ok); }
+
+    /// @}
+    /// \name Append
+    /// @{
 
     /// Appends a text in a field as `addSpacingC` does, but the field is NOT held inside the
     /// capacity: the caller has room for |width| more units, else the blanks are written past the

@@ -20,6 +20,10 @@ public:
     using Base::startsWith;
     using Base::startsWithCaseSen;
 
+    /// \name Assignment
+    /// Bytes behind the new terminator stay, and so do the spare bytes.
+    /// @{
+
     /// Takes the first N characters of a text. Terminator.
     /// @param s May point into this object. Null only sets the length to 0: text[0] keeps its byte.
     /// @return This string.
@@ -38,12 +42,20 @@ public:
         return this->self();
     }
 
+    /// @}
+    /// \name Equality
+    /// @{
+
     /// @return True for exact equality of first byte, length and text.
     /// @param s Text to compare with; null gives false.
     bool operator==(char const* s) const
     {
         return equalExact(this->checkedRef(), s);
     }
+
+    /// @}
+    /// \name Containment
+    /// @{
 
     /// @return How many characters equal `c`, ignoring case.
     /// @param c Character to count.
@@ -52,6 +64,10 @@ public:
     /// @return How many characters equal `c`, exact.
     /// @param c Character to count.
     int countCaseSen(char const& c) const { return countUnit<Case::exact>(this->checkedRef(), c); }
+
+    /// @}
+    /// \name Start and end of the text
+    /// @{
 
     /// @return True when the text begins with the pattern, ignoring case.
     /// @param s The pattern's bytes; need not be terminated. Null gives false.
@@ -82,6 +98,10 @@ public:
         return ends(this->checkedRef(), measured(s));
     }
 
+    /// @}
+    /// \name Append
+    /// @{
+
     /// Appends a text in a field as `addSpacingC` does, but the field is NOT held inside the
     /// capacity: the caller has room for |width| more characters, else the blanks are written past
     /// the text.
@@ -92,6 +112,8 @@ public:
         this->expectRoomForField(width);
         appendUnboundedField(this->checkedRef(), measured(s), width);
     }
+
+    /// @}
 
 protected:
     /// For the constructors of `Self`, which write what they promise and keep the rest.

@@ -32,6 +32,9 @@ public:
     using Base::operator!=;
     using Base::addNr;
 
+    /// \name Construction
+    /// @{
+
     /// Empty, all bytes zero.
     QV_KEEPS_STORAGE _qvString() { this->clearAll(); }
 
@@ -78,6 +81,11 @@ public:
     /// length above N is taken too, and the terminator is then written past the text.
     /// @param o The image.
     QV_KEEPS_STORAGE _qvString(_qvString_old<N> const& o) { takeOld(o); }
+
+    /// @}
+    /// \name Assignment
+    /// @{
+
     /// @copydoc _qvString(_qvString_old<N> const&)
     /// @return This string.
     _qvString& operator=(_qvString_old<N> const& o)
@@ -105,6 +113,10 @@ public:
         return *this;
     }
 
+    /// @}
+    /// \name Text out
+    /// @{
+
     /// @return This object as a view without a capacity. It is writable although this member is
     /// const: who writes through it must know the string to be no constant.
     _qvString_Uni_pointer* asUni() const
@@ -112,9 +124,17 @@ public:
         return reinterpret_cast<_qvString_Uni_pointer*>(const_cast<_qvString*>(this));
     }
 
+    /// @}
+    /// \name Equality
+    /// @{
+
     /// @return False for null, as `operator==` is (intended); else the opposite of it.
     /// @param s Text to compare with.
     bool operator!=(char const* s) const { return s != nullptr && !(*this == s); }
+
+    /// @}
+    /// \name Numbers to text
+    /// @{
 
     /// Appends the number.
     /// @param v The number.
@@ -125,6 +145,8 @@ public:
     void addNr(unsigned int const& v) { addNr(static_cast<unsigned long long>(v)); }
     /// @copydoc addNr(unsigned long long const&)
     void addNr(unsigned char const& v) { addNr(static_cast<unsigned long long>(v)); }
+
+    /// @}
 
 private:
     void takeOverlay(_qvString_Uni_pointer const* p, char const* member = __builtin_FUNCTION())

@@ -37,6 +37,9 @@ public:
     using Base::indexOf;
     using Base::lastIndexOf;
 
+    /// \name Construction
+    /// @{
+
     /// Empty, all N + 1 text bytes zero. The pad byte of an even capacity stays as it was.
     QV_KEEPS_STORAGE _qvString8_allSize() { this->clear(); }
 
@@ -87,8 +90,12 @@ public:
         this->ref().terminate();
     }
 
-    /// The same without the terminator, intended: after a text of N characters text[N] is whatever
-    /// this string held there.
+    /// @}
+    /// \name Assignment
+    /// @{
+
+    /// Takes the text of an older image as its constructor does, but without the terminator,
+    /// intended: after a text of N characters text[N] is whatever this string held there.
     /// @param o The image.
     /// @return This string.
     _qvString8_allSize& operator=(_qvString8_evenSize_old<N> const& o) { return takeOld(o); }
@@ -127,6 +134,10 @@ public:
     /// @param count How many, modulo 65536, cut at N.
     void fromChar(char const* s, int const& count) { this->take(qvStrings::counted(s, count)); }
 
+    /// @}
+    /// \name Append
+    /// @{
+
     /// Appends a low byte. A full string stays as it is; only a length of exactly N counts as full
     /// (intended, unlike the `char` form: it shows on a damaged length only).
     /// @param c The unit whose low byte it is.
@@ -137,6 +148,10 @@ public:
             qvStrings::putUnit(this->checkedRef(), static_cast<char>(c));
         return *this;
     }
+
+    /// @}
+    /// \name Equality
+    /// @{
 
     /// @return The opposite of `operator==(char const*)`: true for null.
     /// @param s Text to compare with.
@@ -149,6 +164,10 @@ public:
     bool operator==(_qvString8_evenSize_old<N> const& o) const { return equalsOld(o); }
     /// @copydoc operator==(_qvString8_evenSize_old<N> const&) const
     bool operator==(_qvString8_UnevenSize_old<N> const& o) const { return equalsOld(o); }
+
+    /// @}
+    /// \name Position search
+    /// @{
 
     /// @return First place of the low byte of `c` at or behind `start`, or -1.
     /// @param c Unit of the byte; exact, unlike the neighbour for a `char`.
@@ -166,6 +185,7 @@ public:
         return this->lastIndexOf(static_cast<char>(c), start);
     }
 
+    /// @}
     /// \name Numbers to text
     /// Decimal, in ASCII whatever the locale; what does not fit is cut at the end, so the low
     /// digits are the ones lost.
@@ -247,7 +267,7 @@ public:
     /// @return The number; 0 where *ok is false.
     int toInt(bool* ok) const { return qvStrings::toInt(numberRef(ok), ok); }
 
-    /// The same with `atoll`.
+    /// As `toInt`, with `atoll`.
     /// @copydetails toInt(bool*) const
     long long toInt64(bool* ok) const { return qvStrings::toInt64(numberRef(ok), ok); }
 
@@ -268,6 +288,8 @@ public:
     }
 
     /// @}
+    /// \name Text out
+    /// @{
 
     /// @return The text, writable; `calcLength()` takes the length from it afterwards.
     char* asChar() { return this->text; }
@@ -284,6 +306,8 @@ public:
     {
         return reinterpret_cast<_qvString8_Uni_pointer const*>(this);
     }
+
+    /// @}
 
 private:
     template <typename Old>

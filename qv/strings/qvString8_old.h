@@ -8,7 +8,7 @@
 /// The older 8-bit strings, kept so that text in older records can be read, worked on and brought
 /// to `_qvString8_allSize<N>`, which takes them by construction, assignment and comparison. Text
 /// first and length behind it, so the image depends on whether N is even or odd; hence two
-/// templates. Their members are those of `Members` and `Members8` and nothing else.
+/// templates. They have the members that every 8-bit string has, and no others.
 ///
 /// Writing past the text (`addSpacing` without room) meets the filler and the length itself.
 
@@ -35,6 +35,9 @@ public:
     using Base::operator==;
     using Base::operator!=;
 
+    /// \name Construction
+    /// @{
+
     /// Empty, all N + 1 text bytes zero. The filler stays as it was.
     QV_KEEPS_STORAGE _qvString8_evenSize_old() { this->clear(); }
 
@@ -52,6 +55,8 @@ public:
     {
         this->construct(qvStrings::counted(s, count));
     }
+
+    /// @}
 };
 
 /// The older string of odd capacities; members at the 5 that `capacities8.h` lists. At any other
@@ -77,6 +82,9 @@ public:
     using Base::operator==;
     using Base::operator!=;
 
+    /// \name Construction
+    /// @{
+
     /// Empty, all N + 1 text bytes zero.
     QV_KEEPS_STORAGE _qvString8_UnevenSize_old() { this->clear(); }
 
@@ -94,6 +102,8 @@ public:
     {
         this->construct(qvStrings::counted(s, count));
     }
+
+    /// @}
 };
 
 // Compiled once, in qvString8_old.cpp; small members are still inlined where they are called. A

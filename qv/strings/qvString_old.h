@@ -25,6 +25,9 @@ public:
     using Base::operator!=;
     using Base::startsWith;
 
+    /// \name Construction
+    /// @{
+
     /// Empty, all bytes zero.
     QV_KEEPS_STORAGE _qvString_old() { this->clearAll(); }
 
@@ -59,12 +62,18 @@ public:
         this->construct(qvStrings::counted(s, n));
     }
 
+    /// @}
+    /// \name Start and end of the text
+    /// @{
+
     /// @return True when the first unit is `c`, exact. The current string has no such member.
     /// @param c Byte to compare with; one from 0x80 up never matches.
     bool startsWith(char const& c) const
     {
         return this->hasData() && this->text[0] == static_cast<signed char>(c);
     }
+
+    /// @}
 };
 
 // Compiled once, in qvString_old.cpp; small members are still inlined where they are called. A

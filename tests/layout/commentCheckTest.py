@@ -8,9 +8,9 @@ import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 
-HEADER = """#pragma once
+HEADER = r"""#pragma once
 
-#define EACH(DO) \\
+#define EACH(DO) \
     DO(1)
 
 namespace room {
@@ -80,20 +80,53 @@ struct Open
 {
     int shown();
 };
+
+class _qvString : public Box<int>
+{
+public:
+    /// \name Order
+    /// By value.
+    /// @{
+
+    /// Compares.
+    /// @return An order.
+    int compare(_qvString const& other) const;
+
+    /// @}
+
+    /// Not in a task.
+    void refill();
+
+    /// \name Orders
+    /// @{
+
+    /// In none that there is.
+    void reorder();
+    void reorder(int) = delete;
+
+    /// @}
+
+private:
+    void inner();
+};
 } // namespace room
 """
 
-EXPECTED = """\
-14: silent
-18: silentToo
-45: room
-50: operator==
-52: operator()
-54: operator T*
-56: operator=
-58: view
-71: shown
-"""
+RESULT = "returns something, and no @return says what"
+TASK = "stands under no task of docs/stringPages.py (\\name ... @{)"
+EXPECTED = [
+    (14, "silent", RESULT),
+    (18, "silentToo", RESULT),
+    (45, "room", RESULT),
+    (50, "operator==", RESULT),
+    (52, "operator()", RESULT),
+    (54, "operator T*", RESULT),
+    (56, "operator=", RESULT),
+    (58, "view", RESULT),
+    (71, "shown", RESULT),
+    (88, "refill", TASK),
+    (94, "reorder", TASK),
+]
 
 
 def reported(*headers):
@@ -105,8 +138,7 @@ with tempfile.NamedTemporaryFile("w", suffix=".h") as header:
     header.write(HEADER)
     header.flush()
     found = reported(header.name)
-    ending = " returns something, and no @return says what"
-    expected = "".join(f"{header.name}:{line}{ending}\n" for line in EXPECTED.splitlines())
+    expected = "".join(f"{header.name}:{line}: {name} {what}\n" for line, name, what in EXPECTED)
 failed = False
 for what, run, output, status in (("the example", found, expected, 1), ("the tree", reported(), "", 0)):
     if (run.stdout, run.returncode) != (output, status) or run.stderr:

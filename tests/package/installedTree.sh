@@ -65,7 +65,7 @@ done
 
 # The examples compile where they are installed and need no other header.
 examples=("$prefix"/share/doc/libqv-dev/examples/*.cpp)
-expect 'there are examples' 3 "${#examples[@]}"
+expect 'there are examples' 7 "${#examples[@]}"
 for example in "${examples[@]}"; do
     name=$(basename "$example" .cpp)
     g++ -std=c++20 "${warnings[@]}" "${compile[@]}" "$example" "${link[@]}" -o "$scratch/$name" &&
