@@ -1,7 +1,5 @@
 #include "sender/commandTable.h"
 
-#include <cstdlib>
-
 namespace {
 
 /// The blanks of the labels are uneven, intended.
@@ -65,7 +63,7 @@ Request readCommand(int argc, char const* const* argv)
     // text without leading digits.
     if (argc >= 3)
         request.text = argv[2];
-    request.message->value = static_cast<std::uint16_t>(std::atoi(request.text.asChar()));
+    request.message->value = static_cast<std::uint16_t>(request.text.toInt(nullptr));
     if (request.message->value == 0)
         request.message.reset();
     return request;

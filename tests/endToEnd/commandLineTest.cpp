@@ -252,18 +252,34 @@ TEST(CommandLine, EventFrameDoneTakesItsNumberModulo65536)
     expectStored(client, {"eVeNtFrAmEdOnE", "3"}, 5, 3);
 }
 
-// Beyond the range of int the platform's conversion decides, so it is asked here as well.
+// The low 16 bits of a long of 64 bits, which a number that is out of its range comes to the end
+// of.
 TEST(CommandLine, EventFrameDoneBeyondTheRangeOfInt)
 {
+    struct Row
+    {
+        std::string number;
+        std::uint16_t value; // 0: unknown
+    };
     Mailbox mailbox;
     ClientHolder client(mailbox);
-    for (std::string const number : {"2147483649", "4294967297", "-4294967299",
-                                     "99999999999999999999999", "-99999999999999999999999"}) {
-        auto const value = static_cast<std::uint16_t>(std::atoi(number.c_str()));
-        if (value != 0)
-            expectStored(client, {"EventFrameDone", number}, 5, value);
+    for (Row const& row : std::vector<Row>{{"2147483648", 0},
+                                           {"2147483649", 1},
+                                           {"4294967297", 1},
+                                           {"-4294967299", 65533},
+                                           {"9223372036854775807", 65535},
+                                           {"9223372036854775808", 65535},
+                                           {"18446744073709551617", 65535},
+                                           {"99999999999999999999999", 65535},
+                                           {"-9223372036854775807", 1},
+                                           {"-9223372036854775808", 0},
+                                           {"-18446744073709551617", 0},
+                                           {"-99999999999999999999999", 0}}) {
+        SCOPED_TRACE(row.number);
+        if (row.value != 0)
+            expectStored(client, {"EventFrameDone", row.number}, 5, row.value);
         else
-            expectUnknown(client, {"EventFrameDone", number}, number);
+            expectUnknown(client, {"EventFrameDone", row.number}, row.number);
     }
 }
 

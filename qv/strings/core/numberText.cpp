@@ -65,6 +65,18 @@ bool passes(TextRef<Unit const> self, bool* ok)
     return ok == nullptr || (*ok = isNumber(self.run()));
 }
 
+/// `atoi` and `atoll` as most C libraries have them: beyond their range some wrap, while `strtol`
+/// ends at the limit of a long everywhere. Of that number the low 32 bits are the result.
+int decimalInt(char const* text)
+{
+    return static_cast<int>(std::strtol(text, nullptr, 10));
+}
+
+long long decimalInt64(char const* text)
+{
+    return std::strtoll(text, nullptr, 10);
+}
+
 /// The check and the conversion. What is converted is the stored text, up to a zero byte: an
 /// empty string with stale digits reads them, as required.
 template <typename Number>
@@ -135,7 +147,7 @@ void appendHex(TextRef<char> self, unsigned value, unsigned minDigits, bool last
 
 int toInt(TextRef<char const> self, bool* ok)
 {
-    return toNumber(self, ok, std::atoi);
+    return toNumber(self, ok, decimalInt);
 }
 
 int toInt(TextRef<unsigned short const> self, bool* ok)
@@ -145,12 +157,12 @@ int toInt(TextRef<unsigned short const> self, bool* ok)
     constexpr unsigned most = 249;
     char bytes[most + 1];
     narrowTerminated(bytes, cut(self.run(), most));
-    return std::atoi(bytes);
+    return decimalInt(bytes);
 }
 
 long long toInt64(TextRef<char const> self, bool* ok)
 {
-    return toNumber(self, ok, std::atoll);
+    return toNumber(self, ok, decimalInt64);
 }
 
 long long toIntFromHex(TextRef<char> self, int bits, bool asSigned, bool cutDigits, bool* ok)
