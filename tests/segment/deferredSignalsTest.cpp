@@ -21,7 +21,7 @@ TEST(DeferredSignals, AreAllButTheTwoThatNobodyCanDefer)
         qvSegment::DeferredSignals const deferred;
         for (int number = 1; number < 32; ++number)
             EXPECT_EQ(isBlocked(number), number != SIGKILL && number != SIGSTOP) << number;
-        for (int number = SIGRTMIN; number <= SIGRTMAX; ++number)
+        for (int number = 32; number <= SIGRTMAX; ++number)
             EXPECT_TRUE(isBlocked(number)) << number;
     }
     for (int number = 1; number <= SIGRTMAX; ++number)

@@ -1,8 +1,82 @@
 #include "qv/segment/core/deferredSignals.h"
 
+#ifdef __linux__
+#include <cstring>
+#include <sys/syscall.h>
+#include <unistd.h>
+#endif
+
 namespace qvSegment {
 
 namespace {
+
+#ifdef __linux__
+
+// The kernel itself is asked. A C library has signals of its own for threads, glibc 32 and 33, musl
+// 34 too, which is glibc's SIGRTMIN: its calls neither block them nor show them. Whoever sends one
+// of them to a process with one thread ends it, like any other.
+constexpr std::size_t setSize = (NSIG - 1) / 8;
+
+/// How the kernel describes what a signal does: on most processors the handler comes first.
+struct KernelAction
+{
+#ifdef __mips__
+    unsigned flags;
+#endif
+    void (*handler)(int);
+    unsigned char rest[64];
+};
+
+void block(sigset_t& previous)
+{
+    sigset_t all;
+    std::memset(&all, 0xFF, sizeof all);
+    syscall(SYS_rt_sigprocmask, SIG_BLOCK, &all, &previous, setSize);
+}
+
+void restore(sigset_t const& previous)
+{
+    syscall(SYS_rt_sigprocmask, SIG_SETMASK, &previous, nullptr, setSize);
+}
+
+bool findPending(sigset_t& pending)
+{
+    return syscall(SYS_rt_sigpending, &pending, setSize) == 0;
+}
+
+bool hasDefaultAction(int number)
+{
+    KernelAction present{};
+    return syscall(SYS_rt_sigaction, number, nullptr, &present, setSize) == 0 &&
+           present.handler == SIG_DFL;
+}
+
+#else
+
+void block(sigset_t& previous)
+{
+    sigset_t all;
+    sigfillset(&all);
+    sigprocmask(SIG_BLOCK, &all, &previous);
+}
+
+void restore(sigset_t const& previous)
+{
+    sigprocmask(SIG_SETMASK, &previous, nullptr);
+}
+
+bool findPending(sigset_t& pending)
+{
+    return sigpending(&pending) == 0;
+}
+
+bool hasDefaultAction(int number)
+{
+    struct sigaction present;
+    return sigaction(number, nullptr, &present) == 0 && present.sa_handler == SIG_DFL;
+}
+
+#endif
 
 /// Whether a signal ends the process: its default action does, and nobody ignores or handles it.
 bool ends(int number)
@@ -19,16 +93,25 @@ bool ends(int number)
     default:
         break;
     }
-    struct sigaction present;
-    return sigaction(number, nullptr, &present) == 0 && present.sa_handler == SIG_DFL;
+    return hasDefaultAction(number);
 }
 
 } // namespace
 
+DeferredSignals::DeferredSignals()
+{
+    block(previous_);
+}
+
+DeferredSignals::~DeferredSignals()
+{
+    restore(previous_);
+}
+
 bool DeferredSignals::endsPending() const
 {
-    sigset_t pending;
-    if (sigpending(&pending) != 0)
+    sigset_t pending{};
+    if (!findPending(pending))
         return false;
     for (int number = 1; number < NSIG; ++number)
         if (sigismember(&pending, number) == 1 && sigismember(&previous_, number) == 0 &&

@@ -10,14 +10,8 @@ namespace qvSegment {
 class DeferredSignals
 {
 public:
-    DeferredSignals()
-    {
-        sigset_t all;
-        sigfillset(&all);
-        sigprocmask(SIG_BLOCK, &all, &previous_);
-    }
-
-    ~DeferredSignals() { sigprocmask(SIG_SETMASK, &previous_, nullptr); }
+    DeferredSignals();
+    ~DeferredSignals();
 
     DeferredSignals(DeferredSignals const&) = delete;
     DeferredSignals& operator=(DeferredSignals const&) = delete;
