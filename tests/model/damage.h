@@ -9,28 +9,42 @@
 
 namespace qvTest {
 
-// What a damaged record holds, by the seed.
+// What a damaged record holds: by a seed, or by an input of bytes, and behind its end by a seed
+// that comes from all of it.
 class Damage
 {
 public:
-    explicit Damage(std::uint64_t seed) : state(seed * 0x9E3779B97F4A7C15u) {}
+    explicit Damage(std::uint64_t seed) : state(seed * step) {}
+    Damage(unsigned char const* data, std::size_t size) : next(data), end(data + size) {}
+
+    bool atEnd() const { return next == end; }
 
     std::uint64_t number()
     {
-        std::uint64_t mixed = state += 0x9E3779B97F4A7C15u;
+        if (!atEnd())
+            return taken(sizeof(std::uint64_t));
+        std::uint64_t mixed = state += step;
         mixed = (mixed ^ mixed >> 30) * 0xBF58476D1CE4E5B9u;
         mixed = (mixed ^ mixed >> 27) * 0x94D049BB133111EBu;
         return mixed ^ mixed >> 31;
     }
 
-    std::size_t below(std::size_t bound) { return static_cast<std::size_t>(number() % bound); }
+    std::size_t below(std::size_t bound)
+    {
+        bool const isByte = !atEnd() && bound <= 256;
+        return static_cast<std::size_t>((isByte ? taken(1) : number()) % bound);
+    }
 
+    // An input shapes the first bytes, and the others grow from it: it has to last for a few calls.
     void fill(unsigned char* bytes, std::size_t size)
     {
+        Damage grown(number());
         std::uint64_t some = 0;
         for (std::size_t i = 0; i < size; ++i) {
-            some = i % sizeof some == 0 ? number() : some >> 8;
+            if (i % sizeof some == 0)
+                some = i < shaped ? number() : grown.number();
             bytes[i] = static_cast<unsigned char>(some);
+            some >>= 8;
         }
     }
 
@@ -83,7 +97,21 @@ private:
         }
     }
 
-    std::uint64_t state;
+    std::uint64_t taken(std::size_t count)
+    {
+        std::uint64_t made = 0;
+        for (std::size_t i = 0; i < count && !atEnd(); ++i)
+            made |= std::uint64_t{*next++} << 8 * i;
+        state = (state ^ made) * step;
+        return made;
+    }
+
+    static constexpr std::uint64_t step = 0x9E3779B97F4A7C15u;
+    static constexpr std::size_t shaped = 48;
+
+    std::uint64_t state = 0;
+    unsigned char const* next = nullptr;
+    unsigned char const* end = nullptr;
 };
 
 } // namespace qvTest

@@ -6,14 +6,10 @@
 // CALLS is the number of calls of each row at each image and capacity. Each object has a page
 // without access to one side; a call that touches it ends the program, with a line that says which.
 #include "qv/segment/core/segmentKey.h"
-#include "qv/segment/qvSharedMemory.h"
-#include "qv/support/core/applicationPath.h"
 #include "qv/support/qvProcess.h"
-#include "qv/support/qvStringList.h"
 #include "tests/model/damage.h"
-#include "tests/model/string16Image.h"
+#include "tests/model/damagedHelpers.h"
 #include "tests/model/string16Runs.h"
-#include "tests/model/string8Image.h"
 #include "tests/model/string8Runs.h"
 #include "tests/proof/figures.h"
 
@@ -88,25 +84,12 @@ protected:
     {
         for (std::size_t place = 0; place < StringRows::count; ++place) {
             bool const isThere = (StringRows::images[place] & run.image) != 0;
-            for (unsigned i = 0; isThere && i < calls(); ++i)
-                EXPECT_TRUE(run.callDamaged(
-                    place, begin(run.name, StringRows::names[place], run.capacity)));
+            for (unsigned i = 0; isThere && i < calls(); ++i) {
+                Damage damage(begin(run.name, StringRows::names[place], run.capacity));
+                EXPECT_TRUE(run.callDamaged(place, damage));
+            }
         }
     }
-
-    // A damaged string of its own, in pages of its own.
-    template <class C>
-    class Laid
-    {
-    public:
-        C& lay(Damage& damage, StringImage const& image)
-        {
-            return *reinterpret_cast<C*>(damage.layString(pages, image, sizeof(C::text[0])));
-        }
-
-    private:
-        GuardedPages pages{sizeof(C)};
-    };
 };
 
 TEST_F(DamagedRecords, leadNoMemberOf8BitStringsOutside)
@@ -121,97 +104,29 @@ TEST_F(DamagedRecords, leadNoMemberOf16BitStringsOutside)
         expectEveryMemberToStayInside(run);
 }
 
-// Conversions trust the length of an older image, but comparisons and assignments do not.
-template <int N>
-void meetOlderImages(std::uint64_t seed)
-{
-    static GuardedPages const current(sizeof(_qvString8_allSize<N>));
-    static GuardedPages const even(sizeof(_qvString8_evenSize_old<N>));
-    static GuardedPages const uneven(sizeof(_qvString8_UnevenSize_old<N>));
-    Damage damage(seed);
-    auto& string =
-        *reinterpret_cast<_qvString8_allSize<N>*>(damage.layString(current, currentImage(N), 1));
-    auto& evenOld =
-        *reinterpret_cast<_qvString8_evenSize_old<N>*>(damage.layString(even, evenOldImage(N), 1));
-    auto& unevenOld = *reinterpret_cast<_qvString8_UnevenSize_old<N>*>(
-        damage.layString(uneven, unevenOldImage(N), 1));
-    static_cast<void>(string == evenOld);
-    static_cast<void>(string == unevenOld);
-    string = evenOld;
-    string = unevenOld;
-}
-
 TEST_F(DamagedRecords, leadNothingOutOfAnOlderImage)
 {
     for (unsigned i = 0; i < calls(); ++i) {
-        meetOlderImages<6>(begin("current", "older image", 6));
-        meetOlderImages<7>(begin("current", "older image", 7));
-        meetOlderImages<250>(begin("current", "older image", 250));
-        meetOlderImages<5000>(begin("current", "older image", 5000));
+        for (std::size_t const capacity : olderCapacities) {
+            Damage damage(begin("current", "older image", capacity));
+            meetOlderImages(capacity, damage);
+        }
     }
 }
 
-using Element = _qvString<500>;
-constexpr StringImage elementImage = current16Image(500);
-
-// Elements in pages, for the members that leave the block where it is.
 TEST_F(DamagedRecords, leadNoListOutOfItsElements)
 {
-    constexpr int count = 5;
-    GuardedPages const pages(count * sizeof(Element));
-    Laid<Element> laid;
     for (unsigned i = 0; i < calls(); ++i) {
-        std::uint64_t const seed = begin("list", "elements", 500);
-        Damage damage(seed);
-        Element const& text = laid.lay(damage, elementImage);
-        _qvStringList list;
-        unsigned char* const block = pages.place(count * sizeof(Element), damage.below(2) == 0);
-        for (std::size_t at = 0; at < count * sizeof(Element); at += sizeof(Element))
-            damage.fillString(block + at, elementImage, 2);
-        list.items = reinterpret_cast<Element*>(block);
-        list.count = count;
-        bool const flag = damage.below(2) == 0;
-        int const index = static_cast<int>(damage.below(count + 4)) - 2;
-
-        list.find(text, flag);
-        list.findContains(text, flag);
-        list.find(list.items[2], flag);
-        list.findContains(list.items[2], flag);
-        list.atAsChar(index);
-        EXPECT_LE(list.asString8().length, 1000);
-        list.sort(flag);
-        list.asString8();
-        _qvStringList copy;
-        copy.copyFrom(list);
-        copy.append(text, flag, flag);
-        copy.append(copy.at(index), flag, !flag);
-        copy.insert(index, text);
-        copy.removeAt(index);
-        copy.sort(flag);
-        copy.asString8();
-
-        list.items = nullptr;
-        list.count = 0;
+        Damage damage(begin("list", "elements", 500));
+        EXPECT_TRUE(keepsListInside(damage));
     }
 }
 
 TEST_F(DamagedRecords, leadNoHelperOutOfAName)
 {
-    Laid<_qvString8_allSize<250>> laid;
-    Laid<_qvString<250>> wide;
-    Laid<_qvString8_allSize<250>> result;
-    char argument[] = "../bin/tool";
     for (unsigned i = 0; i < calls() * 10; ++i) {
         Damage damage(begin("helper", "name", 250));
-        auto const& name = laid.lay(damage, currentImage(250));
-        qvGetEnvironmentVariable8(name);
-        qvGetEnvironmentVariable8_long(name);
-        qvGetDirName_local(name);
-        qvSupport::applicationPathFrom(wide.lay(damage, current16Image(250)), argument,
-                                       result.lay(damage, currentImage(250)));
-        qvSegment::segmentKey(name);
-        qvSharedMemory const segment(name);
-        EXPECT_LE(segment.name.length, 250);
+        EXPECT_TRUE(keepsHelpersInside(damage));
     }
 }
 

@@ -208,13 +208,12 @@ class DamagedStrings
     static constexpr std::size_t unitSize = sizeof(UnitOf<C>);
 
 public:
-    static bool call(std::size_t place, std::uint64_t seed)
+    static bool call(std::size_t place, Damage& damage)
     {
         if (objectCalls[place].call == nullptr)
             return false;
         static GuardedPages const pages[stringCount]{
             GuardedPages(image.size), GuardedPages(image.size), GuardedPages(image.size)};
-        Damage damage(seed);
         GuardedStrings<C> objects;
         for (GuardedPages const& each : pages)
             objects.emplace_back(damage.layString(each, image, unitSize, isTrusting<C>(place)));

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "tests/model/damage.h"
 #include "tests/model/stringCall.h"
 #include "tests/model/stringRows.h"
 
 #include <array>
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -30,7 +30,7 @@ struct StringRun
     unsigned image;
     std::string (*run)(DriverOptions const& options, unsigned char const* data, std::size_t size);
     // Calls one row on damaged objects; false for a row that the image has not.
-    bool (*callDamaged)(std::size_t place, std::uint64_t seed);
+    bool (*callDamaged)(std::size_t place, Damage& damage);
 };
 
 } // namespace qvTest
