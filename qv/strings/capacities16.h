@@ -36,4 +36,8 @@ constexpr bool isCapacity16(int capacity)
 
 #undef QV_IS_CAPACITY
 
+/// True at the further capacities at which a test makes the strings. Nothing else may.
+template <int capacity>
+inline constexpr bool isTestCapacity16 = false;
+
 } // namespace qvStrings

@@ -22,8 +22,9 @@ class _qvString_old;
 template <int N>
 class _qvString : public qvStrings::Members16<_qvString<N>, qvStrings::Image16<N>>
 {
-    static_assert(qvStrings::isCapacity16(N), "16-bit strings exist for the capacities that "
-                                              "qv/strings/capacities16.h lists, and for no other");
+    static_assert(qvStrings::isCapacity16(N) || qvStrings::isTestCapacity16<N>,
+                  "16-bit strings exist for the capacities that qv/strings/capacities16.h lists, "
+                  "and for no other");
     using Base = qvStrings::Members16<_qvString<N>, qvStrings::Image16<N>>;
 
 public:

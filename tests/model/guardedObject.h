@@ -48,16 +48,22 @@ public:
         keepBytes(place);
     }
 
+    // Lays bytes into the object as it stands.
+    void lay(unsigned char const* bytes)
+    {
+        std::memcpy(place, bytes, sizeof(C));
+        keepBytes(place);
+    }
+
     C& get() { return *object; }
     unsigned char const* bytes() const { return place; }
 
     bool guardsIntact() const
     {
-        auto const isGuard = [](unsigned char byte) { return byte == guardByte; };
-        unsigned char const* const front = storage.get();
-        unsigned char const* const back = front + guardSize + sizeof(C);
-        return std::all_of(front, front + guardSize, isGuard) &&
-               std::all_of(back, back + guardSize, isGuard);
+        auto const isGuard = [](unsigned char const* at) {
+            return *at == guardByte && std::memcmp(at, at + 1, guardSize - 1) == 0;
+        };
+        return isGuard(storage.get()) && isGuard(storage.get() + guardSize + sizeof(C));
     }
 
 private:

@@ -230,6 +230,32 @@ void PointedText<Unit>::readCounted(Reading& reading, bool mayBeNull)
     store(characters.size());
 }
 
+template <class Unit>
+std::basic_string<Unit> const& in(GivenText const& text)
+{
+    if constexpr (sizeof(Unit) == 1)
+        return text.bytes;
+    else
+        return text.units;
+}
+
+// What is behind a zero is there to be read, and may not be.
+template <class Unit>
+void PointedText<Unit>::holdTerminated(GivenText const& text)
+{
+    characters = in<Unit>(text);
+    store(characters.size() + 1);
+    characters = characters.substr(0, characters.find(Unit{0}));
+}
+
+template <class Unit>
+void PointedText<Unit>::holdCounted(GivenText const& text)
+{
+    characters = in<Unit>(text);
+    fillUpTo(text.capacity, text.count, characters);
+    store(characters.size());
+}
+
 template struct PointedText<char>;
 template struct PointedText<char16_t>;
 
@@ -238,6 +264,12 @@ void PlainText::read(Reading& reading)
     characters = newText<char>(reading, true);
     if (reading.unitSize() == 2)
         units = widened(reading.input, characters);
+}
+
+void PlainText::hold(GivenText const& text)
+{
+    characters = text.bytes;
+    units = text.unitSize == 2 ? text.units : std::u16string();
 }
 
 std::string PlainText::told() const
@@ -267,12 +299,24 @@ void View8::read(Reading& reading)
     PlainText::read(reading);
 }
 
+void WidenedText::hold(GivenText const& text)
+{
+    PlainText::hold(text);
+    widen(0x4100);
+}
+
 void WidenedText::read(Reading& reading)
 {
     unsigned const high = static_cast<unsigned>(reading.number() & 0xFF) << 8;
     isNull = reading.input.flag();
     PlainText::read(reading);
+    widen(high);
+}
+
+void WidenedText::widen(unsigned high)
+{
     constexpr std::size_t readAtMost = 1024;
+    made.clear();
     for (std::size_t i = 0; i < std::min(characters.size(), readAtMost); ++i)
         made.push_back(
             static_cast<unsigned short>(static_cast<unsigned char>(characters[i]) | high));
@@ -286,6 +330,18 @@ void AnyOlder::read(Reading& reading)
 {
     number = reading.number();
     PlainText::read(reading);
+}
+
+// All images of this kind begin with their text, and stale bytes follow.
+void AnyOlder::hold(GivenText const& text)
+{
+    number = static_cast<int>(text.units.size());
+    units = text.units;
+    characters = text.bytes;
+    if (text.unitSize == 2)
+        characters.assign(reinterpret_cast<char const*>(units.data()), 2 * units.size());
+    characters += std::string(text.unitSize, '\0');
+    characters.resize(4 * text.capacity, 'c');
 }
 
 std::string AnyOlder::told() const

@@ -60,6 +60,16 @@ enum class Turn
     text,
 };
 
+// A text that an argument is given, as it is in bytes and in units, and what it is for.
+struct GivenText
+{
+    std::string bytes;
+    std::u16string units;
+    int count = 0; // of a counted text
+    std::size_t capacity = 0;
+    std::size_t unitSize = 0; // of the receiver
+};
+
 class Parameter
 {
 public:
@@ -69,6 +79,8 @@ public:
     virtual void read(Reading& reading) = 0;
     virtual std::string told() const = 0;
     virtual std::optional<long long> side() const { return std::nullopt; } // of an out-parameter
+    virtual void hold(GivenText const&) {}                                 // of a text
+    virtual bool isCounted() const { return false; }
 
     Turn const turn;
 };
@@ -296,6 +308,8 @@ struct PointedText : Parameter
     std::string told() const override;
 
 protected:
+    void holdTerminated(GivenText const& text);
+    void holdCounted(GivenText const& text);
     void store(std::size_t size);
     void readTerminated(Reading& reading, int* storedIn);
     void readCounted(Reading& reading, bool mayBeNull);
@@ -308,6 +322,7 @@ template <class Unit>
 struct Terminated : PointedText<Unit>
 {
     void read(Reading& reading) override { this->readTerminated(reading, nullptr); }
+    void hold(GivenText const& text) override { this->holdTerminated(text); }
     template <class C>
     Raw<Unit> const* given(GuardedStrings<C>&) const
     {
@@ -331,6 +346,7 @@ struct OwnTerminated : PointedText<Unit>
     mutable std::basic_string<Unit> storedText;
 
     void read(Reading& reading) override { this->readTerminated(reading, &storedIn); }
+    void hold(GivenText const& text) override { this->holdTerminated(text); }
     std::string told() const override
     {
         return storedIn == noString ? PointedText<Unit>::told()
@@ -363,6 +379,8 @@ template <class Unit, bool mayBeNull>
 struct CountedBy : PointedText<Unit>
 {
     void read(Reading& reading) override { this->readCounted(reading, mayBeNull); }
+    void hold(GivenText const& text) override { this->holdCounted(text); }
+    bool isCounted() const override { return true; }
     template <class C>
     Raw<Unit> const* given(GuardedStrings<C>&) const
     {
@@ -390,6 +408,7 @@ struct PlainText : Parameter
 
     PlainText() : Parameter(Turn::text) {}
     void read(Reading& reading) override;
+    void hold(GivenText const& text) override;
     std::string told() const override;
 
     template <class Unit>
@@ -470,6 +489,7 @@ struct WidenedText : PlainText
     std::vector<unsigned short> made;
 
     void read(Reading& reading) override;
+    void hold(GivenText const& text) override;
     template <class C>
     unsigned short const* given(GuardedStrings<C>&) const
     {
@@ -480,6 +500,9 @@ struct WidenedText : PlainText
     {
         return isNull ? nullptr : &made;
     }
+
+private:
+    void widen(unsigned high);
 };
 
 // An older image, filled for a conversion: stale bytes all over, the length inside the capacity. It
@@ -491,6 +514,7 @@ struct AnyOlder : PlainText
     mutable std::unique_ptr<unsigned char[]> storage;
 
     void read(Reading& reading) override;
+    void hold(GivenText const& text) override;
     std::string told() const override;
 
 protected:

@@ -52,6 +52,11 @@ void readAll(std::vector<Parameter*> const& parameters, Reading& reading)
 
 } // namespace
 
+Made makeCall(std::size_t place, std::size_t receiver)
+{
+    return makers[place](place, receiver);
+}
+
 Made readCall(Reading&& reading)
 {
     std::size_t const place = placeFor(reading.input.byte(), reading.unitSize() == 1);
@@ -59,7 +64,7 @@ Made readCall(Reading&& reading)
     reading.receiver = objects % stringCount;
     reading.others = {objects / stringCount % stringCount,
                       objects / (stringCount * stringCount) % stringCount};
-    Made call = makers[place](place, reading.receiver);
+    Made call = makeCall(place, reading.receiver);
     readAll(call->parameters, reading);
     return call;
 }

@@ -34,6 +34,9 @@ public:
     std::vector<Parameter*> parameters;
 };
 
+// A call whose arguments are still to be given.
+std::unique_ptr<StringCall> makeCall(std::size_t place, std::size_t receiver);
+
 // Takes the next call off the input.
 std::unique_ptr<StringCall> readCall(Reading&& reading);
 

@@ -317,6 +317,7 @@ struct Rows
     static constexpr std::size_t count = sizeof...(R);
     static constexpr unsigned images[] = {R::images...};
     static constexpr char const* names[] = {R::name...};
+    static constexpr bool areConstructors[] = {std::is_base_of_v<Constructor, R>...};
 
     template <class Wanted>
     static constexpr std::size_t placeOf()
