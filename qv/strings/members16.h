@@ -19,7 +19,6 @@ class Members16 : public Members<Self, Image>
     using Base = Members<Self, Image>;
 
 public:
-    using Base::operator=;
     using Base::operator+=;
     using Base::operator==;
     using Base::endsWith;

@@ -14,7 +14,6 @@ class Members8 : public Members<Self, Image>
     using Base = Members<Self, Image>;
 
 public:
-    using Base::operator=;
     using Base::operator==;
     using Base::endsWith;
     using Base::startsWith;
