@@ -66,13 +66,20 @@ bool keepsOnTheHeap(Range range, Place const& place)
     return allAre(storage.get(), range, staleByte);
 }
 
+/// Written once: the optimiser would take most of its time for what the macros expand to.
+[[gnu::noinline]] void expectKept(bool onTheStack, bool inStaticStorage, bool onTheHeap)
+{
+    EXPECT_TRUE(onTheStack);
+    EXPECT_TRUE(inStaticStorage);
+    EXPECT_TRUE(onTheHeap);
+}
+
 /// The range of an S is what it was before `place` constructed one there.
 template <typename S, typename Place>
 void expectKept(Range range, Place const& place)
 {
-    EXPECT_TRUE((keepsOnTheStack<S>(range, place)));
-    EXPECT_TRUE((keepsInStaticStorage<S>(range, place)));
-    EXPECT_TRUE((keepsOnTheHeap<S>(range, place)));
+    expectKept(keepsOnTheStack<S>(range, place), keepsInStaticStorage<S>(range, place),
+               keepsOnTheHeap<S>(range, place));
 }
 
 /// The spare word, and the units of the text area from `unit` on.
