@@ -60,6 +60,12 @@ def membersIn(header, scope):
             if each.scope == scope and each.isPublic and each.function() and not each.isDeleted()]
 
 
+def typesIn(parameters):
+    """The types in a parameter list, without the names."""
+    return [re.sub(r"(?<=[\w&*>] )\w+$|(?<=[&*])\w+$", "", each.strip()).strip()
+            for each in parameters.split(",")]
+
+
 def spelled(text, name):
     """The text with the names that the bases use replaced by those of the class."""
     return re.sub(r"\bUnit\b", CLASSES[name][2], re.sub(r"\b(Self|Members)\b", name, text))

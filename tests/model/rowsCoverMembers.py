@@ -1,16 +1,18 @@
 #!/usr/bin/env python3
-"""Each public member of the strings has its row in the model driver, and each row its member.
+"""Each public member of the strings has its row in the model driver, and each row its member. The
+members are those that the pages of the reference show, so these leave none out.
 
-usage: rowsCoverMembers.py LIST_ROWS_PROGRAM HEADER_FOLDER
+usage: rowsCoverMembers.py LIST_ROWS_PROGRAM
 """
 import pathlib
 import re
 import subprocess
 import sys
 
-STRINGS = {"_qvString8_allSize": "char", "_qvString8_evenSize_old": "char",
-           "_qvString8_UnevenSize_old": "char", "_qvString": "unsigned short",
-           "_qvString_old": "unsigned short"}
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "docs"))
+import stringPages  # noqa: E402 from that folder
+
+STRINGS = {name: unit for name, (_, _, unit) in stringPages.CLASSES.items()}
 # By hand, in rows of their own: they hand out the object, or write into a caller's buffer.
 BY_HAND = {"asChar", "toChar", "asUni"}
 
@@ -24,61 +26,27 @@ def canonical(types, unit, name):
     types = types.replace("long long int", "long long")
     types = re.sub(r"\bconst ((?:unsigned |signed |long )*[\w:]+(?:<[^<>]*>)?)", r"\1 const", types)
     types = re.sub(r"<[^<>]*>", "", types)
-    types = re.sub(r"\bSelf\b", name, re.sub(r"\bUnit\b", unit, types))
+    types = re.sub(r"\b(?:Self|Members)\b", name, re.sub(r"\bUnit\b", unit, types))
     return re.sub(r" ?([*&,()]) ?", r"\1", re.sub(r"\s+", " ", types)).strip()
 
 
-def classes(folder):
-    """For each class of the headers its base and its public declarations."""
-    found = {}
-    for header in sorted(folder.glob("*.h")):
-        text = re.sub(r"//.*|^\s*#.*(?:\\\n.*)*", "", header.read_text(), flags=re.M)
-        for match in re.finditer(r"\bclass (\w+)(?:<N>)?\s*:\s*public ([\w:]+)[^{;]*\{", text):
-            depth, at, access, shown = 1, match.end(), "private", ""
-            while depth:
-                label = re.match(r"(public|private|protected):", text[at:])
-                if depth == 1 and label:
-                    access, at = label[1], at + label.end()
-                    continue
-                depth += {"{": 1, "}": -1}.get(text[at], 0)
-                if access == "public" and depth == 1:
-                    shown += ";" if text[at] == "}" else text[at]
-                at += 1
-            # A bare older image, for conversions, comes before the class with members.
-            found[match[1]] = (match[2].split("::")[-1], shown.split(";"))
-    return found
-
-
-def parameters(text):
-    """The types in a parameter list, without the names."""
-    types = [re.sub(r"(?<=[\w&*>] )\w+$|(?<=[&*])\w+$", "", each.strip()) for each in text.split(",")]
-    return ",".join(types)
-
-
-def members(known, name):
+def members(name):
     """The public members of a string and of its bases."""
-    unit, found, at = STRINGS[name], set(), name
-    while at in known:
-        at_name, (at, declarations) = at, known[at]
-        for declaration in declarations:
-            match = re.search(r"(operator ?(?:[^\w\s(]+| ?_\w+<\d+>)|\b\w+)\s*\(([^()]*)\)\s*(const)?",
-                              declaration)
-            if not match or re.search(r"= default|static_assert|\busing\b", declaration):
-                continue
-            member = match[1].replace("operator ", "operator")
-            kind = "question" if match[3] else "member"
-            if member == name:
-                kind, member = "constructor", ""
-            copies = re.fullmatch(rf"\s*{at_name} const ?& ?\w+\s*", match[2])
-            if member not in BY_HAND and not copies:
-                found.add((kind, member,
-                           canonical(parameters(match[2]), unit, name)))
+    unit, found = STRINGS[name], set()
+    for _, declaration in stringPages.membersOf(name):
+        _, member, takes, rest = declaration.function()
+        kind = "question" if rest.startswith("const") else "member"
+        if member == declaration.scope:
+            kind, member = "constructor", ""
+        types = canonical(",".join(stringPages.typesIn(takes)), unit, name)
+        copies = member in ("", "operator=") and types == f"{name} const&"
+        if member not in BY_HAND and not copies:
+            found.add((kind, member.replace("operator ", "operator"), types))
     return found
 
 
 def main():
-    program, folder = sys.argv[1:]
-    known = classes(pathlib.Path(folder))
+    [program] = sys.argv[1:]
     listed = subprocess.run([program], check=True, capture_output=True, text=True).stdout
     driven = {name: set() for name in STRINGS}
     for line in listed.splitlines():
@@ -88,7 +56,7 @@ def main():
                           canonical(types, STRINGS[name], name)))
     failed = False
     for name in STRINGS:
-        declared = members(known, name)
+        declared = members(name)
         # Copies are the compiler's to declare.
         implied = {("constructor", "", f"{name} const&"), ("member", "operator=", f"{name} const&")}
         for what, odd in (("no row drives", declared - driven[name]),
