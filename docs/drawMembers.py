@@ -17,7 +17,8 @@ HEAD = """# Which string has which member
 
 Five classes share most of their members. `S` stands for the class itself and `unit` for a unit of its
 text, a `char` or an `unsigned short`; `N` is its capacity. A cell says yes where the class has a member
-that takes exactly these arguments. What a member does is told on the page of the class.
+that takes exactly these arguments. What a member does is told on the page of the class, and which expression
+makes which text from which in [string-conversions.md](string-conversions.md).
 
 Written by `docs/drawMembers.py` from the headers; a test asks the compiler for each cell.
 """

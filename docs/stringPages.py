@@ -27,6 +27,7 @@ CLASSES = {
     "_qvString": ("qvString.h", "Members16", "unsigned short"),
     "_qvString_old": ("qvString_old.h", "Members16", "unsigned short"),
 }
+TABLES = "@see @ref md_docs_string_conversions, @ref md_docs_string_members"
 EXAMPLES = pathlib.Path(__file__).resolve().parents[1] / "examples"
 LAYERS = {"Members": "members.h", "Members8": "members8.h", "Members16": "members16.h"}
 
@@ -117,7 +118,7 @@ def page(name):
     members = membersOf(name)
     paragraphs = (paragraphsOf(header, name) + paragraphsOf(LAYERS["Members"], "Members")[1:]
                   + paragraphsOf(LAYERS[layer], layer)[1:])
-    lines = ["\n///\n".join(paragraphs), "///", "/// @tparam N The capacity.", "template <int N>",
+    lines = ["\n///\n".join(paragraphs), "///", f"/// {TABLES}", "/// @tparam N The capacity.", "template <int N>",
              f"class {name} : public {imageOf(name)}", "{", "public:",
              "    /// One unit of the text.", f"    using Unit = {unit};"]
     for task in TASKS:
