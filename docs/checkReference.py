@@ -55,8 +55,7 @@ def main():
     pages += ["manual.html", "examples.html", "md_docs_string_members.html",
               "md_docs_string_conversions.html"]
     faults += [f"{page} is missing" for page in pages if not (folder / page).exists()]
-    print(*faults, sep="\n", end="\n" if faults else "")
-    return bool(faults)
+    return "\n".join(faults)
 
 
-sys.exit(main())
+sys.exit(main() or 0)
