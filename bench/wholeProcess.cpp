@@ -1,6 +1,7 @@
-/// Times whole runs of `qvNodeDispatch abort` beside a minimal C program with the same system
-/// calls, turn by turn in one run because these machines are noisy, and counts the tool's system
-/// calls.
+/// Times whole runs of `qvNodeDispatch abort`, turn by turn in one run because these machines are
+/// noisy, and counts its system calls. Beside it run the floor, which makes the same system calls
+/// without any C library, a minimal C program that is linked as usual, and any further tools whose
+/// paths are given: another build, say.
 
 #include "qv/client/qvClientMailbox.h"
 #include "qv/segment/qvSharedMemory.h"
@@ -11,6 +12,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
+#include <numeric>
+#include <random>
 #include <sched.h>
 #include <sys/ptrace.h>
 #include <sys/wait.h>
@@ -73,17 +76,18 @@ struct Times
     char const* program;
     std::vector<double> taken;
 
-    double quantile(double part)
+    double quantile(double part) const
     {
-        auto const at = taken.begin() + static_cast<std::ptrdiff_t>(part * rounds);
-        std::nth_element(taken.begin(), at, taken.end());
+        auto sorted = taken;
+        auto const at = sorted.begin() + static_cast<std::ptrdiff_t>(part * rounds);
+        std::nth_element(sorted.begin(), at, sorted.end());
         return *at;
     }
 };
 
 } // namespace
 
-int main()
+int main(int, char** argv)
 {
     // A System V namespace of our own where the system grants one. Elsewhere a client that runs
     // here makes the creation fail, so that none is disturbed.
@@ -99,20 +103,29 @@ int main()
     record.stateMarker = clientStateMarker;
     record.stateFlag = clientStateFlag;
 
-    Times programs[] = {{"qvNodeDispatch", QV_TOOL_PATH, {}}, {"minimal C", QV_PEER_PATH, {}}};
+    std::vector<Times> programs = {{"floor", QV_FLOOR_PATH, {}},
+                                   {"qvNodeDispatch", QV_TOOL_PATH, {}},
+                                   {"minimal C", QV_PEER_PATH, {}}};
+    for (char** path = argv + 1; *path != nullptr; ++path)
+        programs.push_back({*path, *path, {}});
+    // In another order each round: a program pays for the caches that the one before it has
+    // emptied.
+    std::vector<std::size_t> turns(programs.size());
+    std::iota(turns.begin(), turns.end(), 0U);
+    std::minstd_rand order;
     for (int i = 0; i < rounds; ++i) {
-        for (Times& each : programs) {
+        std::shuffle(turns.begin(), turns.end(), order);
+        for (std::size_t const turn : turns) {
             record.messageCount = 0;
-            each.taken.push_back(microsecondsOf(each.program));
+            programs[turn].taken.push_back(microsecondsOf(programs[turn].program));
         }
     }
-    std::puts("whole process, microseconds   median     10 %   fastest   system calls");
-    for (Times& each : programs)
-        std::printf("  %-24s  %8.1f %8.1f  %8.1f   %12d\n", each.name, each.quantile(0.5),
-                    each.quantile(0.1), each.quantile(0), systemCallsOf(each.program));
-    std::printf("  ratio                     %8.2f %8.2f  %8.2f\n",
-                programs[0].quantile(0.5) / programs[1].quantile(0.5),
-                programs[0].quantile(0.1) / programs[1].quantile(0.1),
-                programs[0].quantile(0) / programs[1].quantile(0));
+    Times const& floor = programs.front();
+    std::puts(
+        "whole process, microseconds   median     10 %   fastest   of the floor   system calls");
+    for (Times const& each : programs)
+        std::printf("  %-24s  %8.1f %8.1f  %8.1f   %12.2f   %12d\n", each.name, each.quantile(0.5),
+                    each.quantile(0.1), each.quantile(0), each.quantile(0.5) / floor.quantile(0.5),
+                    systemCallsOf(each.program));
     return 0;
 }

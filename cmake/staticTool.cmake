@@ -1,4 +1,5 @@
-# Programs for the nodes start fastest, and run on every node, as a static-pie. Without a static C
+# Programs for the nodes start fastest, and run on every node, as a static-pie: the tools with musl
+# (muslTool.cmake) where it is installed, else with the C library of the machine. Without a static C
 # library they are linked as usual.
 set(qvReleased OFF)
 if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT QV_SANITIZE AND NOT QV_COVERAGE)
@@ -14,6 +15,7 @@ if(qvReleased AND QV_STATIC_TOOL)
 endif()
 
 include(cmake/hardening.cmake)
+include(cmake/muslTool.cmake)
 
 function(qv_for_nodes program)
     target_link_libraries(${program} PRIVATE qv_hardening)
@@ -24,6 +26,11 @@ function(qv_for_nodes program)
 endfunction()
 
 foreach(front IN ITEMS qvNodeDispatch qvNodeDispatchStatus)
+    if(QV_TOOL_LIBC STREQUAL "musl")
+        qv_link_with_musl(${front})
+        continue()
+    endif()
+    target_link_libraries(${front} PRIVATE ${qvForNodes})
     qv_for_nodes(${front})
     # The C linker driver keeps the C++ run time out: the product needs none of it once it is
     # optimised.

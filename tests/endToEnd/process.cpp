@@ -4,11 +4,15 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
 #include <fcntl.h>
+#include <iterator>
 #include <linux/capability.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
 #include <poll.h>
 #include <stdexcept>
 #include <sys/mman.h>
@@ -114,6 +118,20 @@ void restoreSignals(RunOptions const& options)
     sigprocmask(SIG_SETMASK, &blocked, nullptr);
     rlimit const noCoreFile{0, 0};
     setrlimit(RLIMIT_CORE, &noCoreFile);
+}
+
+// The system answers the call instead of making it, in this process and whatever it becomes.
+void letFail(FailingCall const& failing)
+{
+    sock_filter steps[] = {
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, static_cast<unsigned>(failing.call), 0, 1),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | static_cast<unsigned>(failing.error)),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+    };
+    sock_fprog const filter{std::size(steps), steps};
+    prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
+    checked(prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter), "seccomp");
 }
 
 bool isAtSystemCall(pid_t process, unsigned long number)
@@ -243,6 +261,8 @@ void Process::start(std::string const& program, std::vector<std::string> const& 
         dup2(errorFile, STDERR_FILENO);
         if (options.signalOnLeaving != 0)
             ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+        if (options.failing.call >= 0)
+            letFail(options.failing);
         execv(program.c_str(), pointers.data());
         std::string const complaint =
             "unable to start " + program + ": " + std::strerror(errno) + "\n";

@@ -18,6 +18,13 @@ enum class StandardOutput
     fullPipe,          // every write blocks until finish() reads, and then is read back whole
 };
 
+// A system call that fails each time, with this number of an error.
+struct FailingCall
+{
+    int call = -1; // SYS_shmget, say; none
+    int error = 0; // up to 4095
+};
+
 struct RunOptions
 {
     StandardOutput output = StandardOutput::captured;
@@ -29,6 +36,8 @@ struct RunOptions
 
     // Sent when the program asks to unmap its segment. The program runs traced until then.
     int signalOnLeaving = 0;
+
+    FailingCall failing;
 };
 
 struct RunResult

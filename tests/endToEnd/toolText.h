@@ -44,14 +44,18 @@ inline std::string const storedOutput = banner + "Command send.\n\n";
 inline std::string const queueFullOutput =
     banner + versionText + " qvNodedispatch: Message buffer is full!\n";
 
-inline std::string const noSegmentOutput =
-    banner + versionText + "++++ Unable to attach shared memory! Shared Memory does not exist.\n";
-
 inline std::string const noLockOutput =
     banner + versionText + "++++ Unable to lock shared memory data! lock: unable to get lock\n";
 
-inline std::string const notPermittedOutput =
-    banner + versionText + "++++ Unable to attach shared memory! shmget: Permission denied\n";
+// The step that failed, and the system's words for it.
+inline std::string attachFailedOutput(std::string const& reason)
+{
+    return banner + versionText + "++++ Unable to attach shared memory! " + reason + "\n";
+}
+
+inline std::string const noSegmentOutput = attachFailedOutput("Shared Memory does not exist.");
+
+inline std::string const notPermittedOutput = attachFailedOutput("shmget: Permission denied");
 
 // The numbers are given as text, since the tool's own rendering of them is what is looked at.
 inline std::string wrongSizeOutput(std::string const& size)

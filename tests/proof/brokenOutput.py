@@ -71,7 +71,7 @@ def pipe_breaks_at_write(number):
     """SIGPIPE comes with that write; by strace, since only a terminal gets more than one."""
     run = toolRun.run_on_terminal(
         ["strace", "-o", os.devnull,
-         "-e", f"inject=write:error=EPIPE:signal=SIGPIPE:when={number}", *COMMAND])
+         "-e", f"inject=write,writev:error=EPIPE:signal=SIGPIPE:when={number}", *COMMAND])
     return run.status, run.errors.encode()
 
 

@@ -19,11 +19,13 @@ from typing import NamedTuple
 
 import toolRun
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "endToEnd"))
+TESTS = pathlib.Path(__file__).resolve().parents[1]
+sys.path.insert(0, str(TESTS / "endToEnd"))
 import clientSegment
 
 TOOL = sys.argv[1]
-TABLES = pathlib.Path(__file__).parents[1] / "segment/manualPageErrors.h"
+TABLES = TESTS / "segment/manualPageErrors.h"
+COOKBOOK = TESTS.parent / "docs/cookbook.md"
 
 
 class Scene(NamedTuple):
@@ -35,6 +37,9 @@ class Scene(NamedTuple):
     calls: tuple = ("shmget", "shmat", "shmctl", "shmdt", "write", "ioctl", "rt_sigprocmask",
                     "rt_sigpending")
 
+
+# C libraries make these calls by different names. A run makes only one of them.
+ALIKE = {"write": "write,writev", "clock_nanosleep": "clock_nanosleep,nanosleep"}
 
 SCENES = [
     Scene("stores", clientSegment.laid_down(count=4), stores=True),
@@ -75,12 +80,23 @@ def manual_page_errors():
     return errors
 
 
+def words_of_musl():
+    """error -> its words, where the tool is linked with musl and they are not those of glibc."""
+    if "QV_TOOL_LIBC:INTERNAL=musl" not in pathlib.Path(TOOL).with_name("CMakeCache.txt").read_text():
+        return {}
+    return dict(re.findall(r"^\| `(E\w+)` \| (.*?) \|", COOKBOOK.read_text(), re.M))
+
+
+WORDS_OF_MUSL = words_of_musl()
+
+
 def run_with_fault(scene, call, error, occurrence):
     """The outcome, and how often the fault struck."""
+    names = ALIKE.get(call, call)
     with tempfile.NamedTemporaryFile("r") as trace:
         outcome = scene.run(
-            ["strace", "-o", trace.name, "-e", f"trace={call}",
-             "-e", f"inject={call}:error={error}:when={occurrence}",
+            ["strace", "-o", trace.name, "-e", f"trace={names}",
+             "-e", f"inject={names}:error={error}:when={occurrence}",
              TOOL, *toolRun.COMMAND])
         return outcome, trace.read().count("(INJECTED)")
 
@@ -90,7 +106,8 @@ def expected_words(scene, undisturbed, call, error, occurrence):
     if (call, occurrence) in TOLD:
         version = re.match("qvNodeDispatch (.*?) {6}", lines[1])[1]
         reason = TOLD_OTHERWISE.get((call, error)) or (
-            TOLD[call, occurrence] + os.strerror(getattr(errno, error)))
+            TOLD[call, occurrence]
+            + WORDS_OF_MUSL.get(error, os.strerror(getattr(errno, error))))
         return "".join(lines[:2]) + f"{version}++++ Unable to attach shared memory! {reason}\n"
     if call != "write":
         return undisturbed
