@@ -101,7 +101,7 @@ add_library(qvMusl OBJECT
     qv/segment/qvSharedMemory.cpp
     qv/strings/core/append.cpp
     qv/strings/core/compare.cpp
-    qv/strings/core/contract.cpp
+    $<$<BOOL:${QV_CHECKED}>:qv/strings/core/contract.cpp>
     qv/strings/core/edit.cpp
     qv/strings/core/findText.cpp
     qv/strings/core/findUnit.cpp

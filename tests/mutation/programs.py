@@ -11,7 +11,9 @@ from build import run
 FOLDER = pathlib.Path(__file__).resolve().parent
 ROOT = FOLDER.parent.parent
 PRODUCT = ("sender", "qv")
+COPIES = "sender/workingText.cpp"  # of what qvString8.cpp holds, for the tool
 TOOL = "qvNodeDispatch"
+TOOLS_LIBRARY = "qvMusl.dir/"  # what the tool links of the library, compiled for its C library
 
 # Unlike the release build's -O3 this keeps the branches of the source one by one, and what the
 # source fills or copies at once in one run of moves or one call. Later options override earlier.
@@ -52,7 +54,12 @@ def sourceOf(compilation):
     if not compilation.file.is_relative_to(ROOT):
         return None
     source = compilation.file.relative_to(ROOT)
-    return str(source) if source.parts[0] in PRODUCT else None
+    return str(source) if source.parts[0] in PRODUCT and str(source) != COPIES else None
+
+
+def kindsOf(mutants):
+    """The kinds, without the names that glibc gives to calls of a later standard."""
+    return [re.sub("__isoc99_|__xpg_", "", mutant.kind) for mutant in mutants]
 
 
 def wantedIn(source):
@@ -97,15 +104,23 @@ class Builder:
         for compilation, text in zip(found, texts):
             source = sourceOf(compilation)
             number = first.setdefault(source, len(self.mutants))
-            marker = Marker(f"{ROOT}/", source, number, wantedIn(source))
-            output = self.file(".o")
-            run(["as", "-o", str(output)], input=marker.mark(text))
-            self.ours[compilation.output] = output
+            marker, marked = self.mark(source, number, text)
+            known = self.mutants[number:number + len(marker.mutants)]
+            if number != len(self.mutants) and kindsOf(marker.mutants) != kindsOf(known):
+                # A source may know what the C library of the tool lacks.
+                if TOOLS_LIBRARY not in compilation.output:
+                    raise SystemExit(f"mutate: {source} is compiled twice, in different ways")
+                number = len(self.mutants)
+                marker, marked = self.mark(source, number, text)
             if number == len(self.mutants):
                 self.mutants += marker.mutants
-            elif [mutant.kind for mutant in marker.mutants] != [
-                    mutant.kind for mutant in self.mutants[number:number + len(marker.mutants)]]:
-                raise SystemExit(f"mutate: {source} is compiled twice, in different ways")
+            output = self.file(".o")
+            run(["as", "-o", str(output)], input=marked)
+            self.ours[compilation.output] = output
+
+    def mark(self, source, number, text):
+        marker = Marker(f"{ROOT}/", source, number, wantedIn(source))
+        return marker, marker.mark(text)
 
     def compileTestsOfTool(self, linked):
         """Tests that start the tool: ours start the one in their working directory."""
@@ -137,7 +152,8 @@ class Builder:
         at = words.index("-o") + 1
         image = self.folder / pathlib.Path(words[at]).name
         words[at] = str(image)
-        run([*words, str(self.reached)], cwd=self.build.folder)
+        words.insert(at + 1, str(self.reached))  # ahead of the libraries that it asks
+        run(words, cwd=self.build.folder)
         return image
 
     def program(self, command, step):
