@@ -1,5 +1,7 @@
 #pragma once
 
+#include "qv/strings/capacityText.h"
+
 /// @file
 /// For which capacities the 16-bit strings exist.
 
@@ -22,6 +24,10 @@
     DO(500)                                                                                        \
     DO(1000)                                                                                       \
     DO(2500)
+
+/// What the compiler says at any other capacity.
+#define QV_STRING16_REFUSAL                                                                        \
+    "16-bit strings exist for these capacities only:" QV_STRING16_CAPACITIES(QV_CAPACITY_TEXT)
 
 namespace qvStrings {
 

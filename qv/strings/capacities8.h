@@ -1,5 +1,7 @@
 #pragma once
 
+#include "qv/strings/capacityText.h"
+
 /// @file
 /// The capacities of the 8-bit strings, each list stated here and nowhere else. `DO(N)` is
 /// expanded once per capacity, in rising order.
@@ -31,6 +33,10 @@
     DO(2000)                                                                                       \
     DO(3000)                                                                                       \
     DO(5000)
+
+/// What the compiler says at any other capacity.
+#define QV_STRING8_REFUSAL                                                                         \
+    "8-bit strings exist for these capacities only:" QV_STRING8_CAPACITIES(QV_CAPACITY_TEXT)
 
 /// `_qvString8_evenSize_old<N>` with its members: 17.
 /// @param DO Macro, expanded once per capacity.

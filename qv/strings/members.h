@@ -17,6 +17,17 @@
 /// What the string classes are built of. Their users need none of its names.
 namespace qvStrings {
 
+/// \name Refused numbers
+/// What a deleted member takes beside members for some types of integers; a compiler that refuses a
+/// number of another type prints the name, which says what to do. An rvalue reference is preferred
+/// to their const references where all of them ask for a conversion, and nowhere else: what fits
+/// one of them as it is or by a promotion (a bit-field, an enumerator) still takes that one.
+/// @{
+using CastToLongLongOrUnsignedLongLong = long double;
+using CastToLongLong = long double;
+using CastToIntOrUnsignedInt = long double;
+/// @}
+
 /// The members that mean the same in every fixed string, of either width and any image. Each adapts
 /// its arguments and calls the core. Members that only look alike in both widths are in `Members8`
 /// and `Members16`.

@@ -23,8 +23,7 @@ template <int N>
 class _qvString : public qvStrings::Members16<_qvString<N>, qvStrings::Image16<N>>
 {
     static_assert(qvStrings::isCapacity16(N) || qvStrings::isTestCapacity16<N>,
-                  "16-bit strings exist for the capacities that qv/strings/capacities16.h lists, "
-                  "and for no other");
+                  QV_STRING16_REFUSAL);
     using Base = qvStrings::Members16<_qvString<N>, qvStrings::Image16<N>>;
 
 public:
@@ -146,6 +145,9 @@ public:
     void addNr(unsigned int const& v) { addNr(static_cast<unsigned long long>(v)); }
     /// @copydoc addNr(unsigned long long const&)
     void addNr(unsigned char const& v) { addNr(static_cast<unsigned long long>(v)); }
+    /// Refused: a number of any other type, such as `unsigned long`, fits none of these better than
+    /// the rest, so the caller casts it to the type that it means.
+    void addNr(qvStrings::CastToLongLongOrUnsignedLongLong&&) = delete;
 
     /// @}
 

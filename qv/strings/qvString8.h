@@ -6,6 +6,7 @@
 #include "qv/strings/overlay8.h"
 #include "qv/strings/qvCharLen.h"
 
+#include <cstddef>
 #include <string>
 
 // The older images, in qv/strings/qvString8_old.h.
@@ -25,8 +26,7 @@ class _qvString8_UnevenSize_old;
 template <int N>
 class _qvString8_allSize : public qvStrings::Members8<_qvString8_allSize<N>, qvStrings::Image8<N>>
 {
-    static_assert(qvStrings::isCapacity8(N), "8-bit strings exist for the capacities that "
-                                             "qv/strings/capacities8.h lists, and for no other");
+    static_assert(qvStrings::isCapacity8(N), QV_STRING8_REFUSAL);
     using Base = qvStrings::Members8<_qvString8_allSize<N>, qvStrings::Image8<N>>;
 
 public:
@@ -101,6 +101,15 @@ public:
     _qvString8_allSize& operator=(_qvString8_evenSize_old<N> const& o) { return takeOld(o); }
     /// @copydoc operator=(_qvString8_evenSize_old<N> const&)
     _qvString8_allSize& operator=(_qvString8_UnevenSize_old<N> const& o) { return takeOld(o); }
+
+    /// Takes a null text: the length becomes 0, text[0] keeps its byte. `nullptr` alone names none
+    /// of the pointers that the other assignments take; `0` and `NULL` are still refused, since
+    /// they may mean the character as well.
+    /// @return This string.
+    _qvString8_allSize& operator=(std::nullptr_t)
+    {
+        return *this = static_cast<char const*>(nullptr);
+    }
 
     /// Takes the first N characters of a text. Terminator.
     /// @param s The text; its size counts modulo 65536.
@@ -213,6 +222,12 @@ public:
         qvStrings::appendZeroPadded(this->checkedRef(), v, minWidth);
     }
 
+    /// Refused: a number of any other type, such as `unsigned long`, fits none of the above better
+    /// than the rest, so the caller casts it to the type that it means.
+    void addNr(qvStrings::CastToLongLongOrUnsignedLongLong&&) = delete;
+    /// @copydoc addNr(qvStrings::CastToLongLongOrUnsignedLongLong&&)
+    void addNr(qvStrings::CastToLongLong&&, unsigned char const&) = delete;
+
     /// @return A new string with the number; all bytes behind it zero.
     /// @param v The number.
     static _qvString8_allSize fromNr(long long const& v)
@@ -256,6 +271,8 @@ public:
     {
         qvStrings::appendHex(this->checkedRef(), v, 8, false);
     }
+    /// Refused as by `addNr`: a number of any other type.
+    void addHexCode(qvStrings::CastToIntOrUnsignedInt&&) = delete;
 
     /// @}
     /// \name Text to numbers

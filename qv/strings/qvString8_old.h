@@ -18,8 +18,7 @@
 template <int N>
 class _qvString8_evenSize_old : public qvStrings::EvenOldImage8<N>
 {
-    static_assert(qvStrings::isCapacity8(N), "8-bit strings exist for the capacities that "
-                                             "qv/strings/capacities8.h lists, and for no other");
+    static_assert(qvStrings::isCapacity8(N), QV_STRING8_REFUSAL);
 };
 
 /// The older string of even capacities, with the members of `Members` and `Members8`.
@@ -65,8 +64,7 @@ public:
 template <int N>
 class _qvString8_UnevenSize_old : public qvStrings::UnevenOldImage8<N>
 {
-    static_assert(qvStrings::isCapacity8(N), "8-bit strings exist for the capacities that "
-                                             "qv/strings/capacities8.h lists, and for no other");
+    static_assert(qvStrings::isCapacity8(N), QV_STRING8_REFUSAL);
 };
 
 /// The older string of odd capacities, with the members of `Members` and `Members8`.

@@ -16,8 +16,7 @@ template <int N>
 class _qvString_old : public qvStrings::Members16<_qvString_old<N>, qvStrings::OldImage16<N>>
 {
     static_assert(qvStrings::isCapacity16(N) || qvStrings::isTestCapacity16<N>,
-                  "16-bit strings exist for the capacities that qv/strings/capacities16.h lists, "
-                  "and for no other");
+                  QV_STRING16_REFUSAL);
     using Base = qvStrings::Members16<_qvString_old<N>, qvStrings::OldImage16<N>>;
 
 public:

@@ -10,6 +10,7 @@
 #include "tests/model/stringOutcome.h"
 #include "tests/model/stringReading.h"
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <type_traits>
@@ -336,6 +337,27 @@ struct Terminated : PointedText<Unit>
 };
 using Text = Terminated<char>;
 using Units = Terminated<char16_t>;
+
+// The null that is no pointer yet; a model is given a text that is not there.
+struct Null : Parameter
+{
+    template <class>
+    using As = std::nullptr_t;
+
+    Null() : Parameter(Turn::text) {}
+    void read(Reading&) override {}
+    std::string told() const override { return "nullptr"; }
+    template <class C>
+    std::nullptr_t given(GuardedStrings<C>&) const
+    {
+        return nullptr;
+    }
+    template <class Model>
+    std::basic_string<typename Model::UnitType> const* given(StringModels<Model> const&) const
+    {
+        return nullptr;
+    }
+};
 
 // One that may be the stored text of a string.
 template <class Unit>

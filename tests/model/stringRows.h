@@ -271,7 +271,8 @@ struct ToChar : OwnCall
     CALL(addNrUnsignedInt, c16, addNr, addNumber, (Decimal<unsigned int const&>)) \
     CALL(addNrUnsignedChar, c16, addNr, addNumber, (Decimal<unsigned char const&>)) \
     OWN(writeSpare, both16, WriteSpare, (Single)) \
-    CALL(assignViewToConst, c8, operator=, assignView, (ViewToConst))
+    CALL(assignViewToConst, c8, operator=, assignView, (ViewToConst)) \
+    CALL(assignNull, c8, operator=, assign, (Null))
 // clang-format on
 
 #define QV_MODEL_RULE(rule_)                                                                       \

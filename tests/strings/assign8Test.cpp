@@ -44,6 +44,41 @@ TYPED_TEST(Assign8, nullTextSetsTheLengthAndLeavesTheTextReadable)
     EXPECT_TRUE(this->string->isEmpty());
 }
 
+TYPED_TEST(Assign8, nullptrIsTheNullText)
+{
+    TypeParam& assigned = *this->string = nullptr;
+    EXPECT_EQ(&assigned, &*this->string);
+    EXPECT_EQ(this->string.bytes(), this->onlyLengthCleared());
+    EXPECT_STREQ(this->string->asChar(), "old");
+    EXPECT_TRUE(this->string->isEmpty());
+    EXPECT_TRUE(this->string.guardsStand());
+}
+
+template <typename S>
+concept takesAmbiguousZero = requires(S s)
+{
+    s = 0;
+}
+|| requires(S s)
+{
+    s = NULL;
+}
+|| requires(S s)
+{
+    s = {};
+};
+
+TYPED_TEST(Assign8, noOtherZeroIsTheNullText)
+{
+    static_assert(!takesAmbiguousZero<TypeParam>);
+    int const zero = 0;
+    *this->string = zero; // a character, as any number
+    EXPECT_EQ(this->string.bytes(), this->written(std::string_view{"\0", 1}));
+    this->string.lay("old", this->oldRest);
+    *this->string = false;
+    EXPECT_EQ(this->string.bytes(), this->written(std::string_view{"\0", 1}));
+}
+
 TYPED_TEST(Assign8, standardStringIsCountedIn16BitsAndCutAtTheCapacity)
 {
     for (SourceRow const& row : sourceRows<TypeParam>()) {

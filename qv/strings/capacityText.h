@@ -1,0 +1,9 @@
+#pragma once
+
+/// @file
+/// How a list of capacities is said.
+
+/// One capacity of a list as text. It stays defined, since the messages are put together where a
+/// string refuses a capacity.
+/// @param N The capacity.
+#define QV_CAPACITY_TEXT(N) " " #N
