@@ -35,7 +35,7 @@ class Declaration:
         while (match := re.match(r"(template |requires ?)", head)):
             head = head[balancedEnd(head, match.end(), "<>" if match[0] == "template " else "()"):]
             head = head.strip()
-        return re.sub(r"\b(QV_KEEPS_STORAGE|static|inline|constexpr|explicit|friend) ", "",
+        return re.sub(r"\b(QV_CHECKS|QV_KEEPS_STORAGE|static|inline|constexpr|explicit|friend) ", "",
                       head).strip()
 
     def function(self):

@@ -131,7 +131,7 @@ def page(name):
             for each in inTask:
                 comment = [spelled(line, name) if "@copy" in line else line
                            for line in each.comment]
-                code = spelled(each.code.removeprefix("QV_KEEPS_STORAGE "), name)
+                code = spelled(re.sub(r"\bQV_(CHECKS|KEEPS_STORAGE) ", "", each.code), name)
                 lines += ["", *indented("\n".join(comment)), *indented(code + ";")]
             lines += ["    /// @}"]
     return "\n".join([*lines, "};", ""])

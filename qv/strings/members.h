@@ -15,7 +15,7 @@
 #include <type_traits>
 
 /// What the string classes are built of. Their users need none of its names.
-namespace qvStrings {
+namespace QV_MEMBER_NAMESPACE {
 
 /// \name Refused numbers
 /// What a deleted member takes beside members for some types of integers; a compiler that refuses a
@@ -735,4 +735,4 @@ private:
     }
 };
 
-} // namespace qvStrings
+} // namespace QV_MEMBER_NAMESPACE

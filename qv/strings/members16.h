@@ -3,7 +3,7 @@
 #include "qv/strings/members.h"
 #include "qv/strings/qvString8.h"
 
-namespace qvStrings {
+namespace QV_MEMBER_NAMESPACE {
 
 /// The members that both 16-bit strings have beside those of `Members`, whatever their image.
 ///
@@ -302,4 +302,4 @@ private:
     }
 };
 
-} // namespace qvStrings
+} // namespace QV_MEMBER_NAMESPACE

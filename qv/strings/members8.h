@@ -2,7 +2,7 @@
 
 #include "qv/strings/members.h"
 
-namespace qvStrings {
+namespace QV_MEMBER_NAMESPACE {
 
 /// The members that every 8-bit string has beside those of `Members`, whatever its image.
 ///
@@ -122,4 +122,4 @@ protected:
     void construct(Run<char> source) { assignCleared(this->ref(), source); }
 };
 
-} // namespace qvStrings
+} // namespace QV_MEMBER_NAMESPACE

@@ -67,7 +67,7 @@ public:
     /// N, since a longer text is written past the object. Exactly its units and the terminator are
     /// written.
     /// @param p The view; not null.
-    QV_KEEPS_STORAGE _qvString(_qvString_Uni_pointer const* p) { takeOverlay(p); }
+    QV_CHECKS QV_KEEPS_STORAGE _qvString(_qvString_Uni_pointer const* p) { takeOverlay(p); }
 
     /// The first N bytes of a view's 8-bit text; all text behind them zero, `reserved` stays.
     /// @param p The view, its text sign-extended. Null gives the empty string.
@@ -80,7 +80,7 @@ public:
     /// ones included. Terminator; `reserved` and, for a shorter text, text[N] stay. A damaged
     /// length above N is taken too, and the terminator is then written past the text.
     /// @param o The image.
-    QV_KEEPS_STORAGE _qvString(_qvString_old<N> const& o) { takeOld(o); }
+    QV_CHECKS QV_KEEPS_STORAGE _qvString(_qvString_old<N> const& o) { takeOld(o); }
 
     /// @}
     /// \name Assignment
@@ -88,7 +88,7 @@ public:
 
     /// @copydoc _qvString(_qvString_old<N> const&)
     /// @return This string.
-    _qvString& operator=(_qvString_old<N> const& o)
+    QV_CHECKS _qvString& operator=(_qvString_old<N> const& o)
     {
         takeOld(o);
         return *this;
@@ -107,7 +107,7 @@ public:
     /// Takes the text of a view, NOT clipped, unlike the 8-bit namesake: as the constructor.
     /// @param p The view; not null.
     /// @return This string.
-    _qvString& operator=(_qvString_Uni_pointer* p)
+    QV_CHECKS _qvString& operator=(_qvString_Uni_pointer* p)
     {
         takeOverlay(p);
         return *this;
@@ -130,7 +130,7 @@ public:
 
     /// @return False for null, as `operator==` is (intended); else the opposite of it.
     /// @param s Text to compare with.
-    bool operator!=(char const* s) const { return s != nullptr && !(*this == s); }
+    QV_CHECKS bool operator!=(char const* s) const { return s != nullptr && !(*this == s); }
 
     /// @}
     /// \name Numbers to text
@@ -138,13 +138,16 @@ public:
 
     /// Appends the number.
     /// @param v The number.
-    void addNr(unsigned long long const& v) { qvStrings::appendNumber(this->checkedRef(), v); }
+    QV_CHECKS void addNr(unsigned long long const& v)
+    {
+        qvStrings::appendNumber(this->checkedRef(), v);
+    }
     /// @copydoc addNr(unsigned long long const&)
-    void addNr(int const& v) { addNr(static_cast<long long>(v)); }
+    QV_CHECKS void addNr(int const& v) { addNr(static_cast<long long>(v)); }
     /// @copydoc addNr(unsigned long long const&)
-    void addNr(unsigned int const& v) { addNr(static_cast<unsigned long long>(v)); }
+    QV_CHECKS void addNr(unsigned int const& v) { addNr(static_cast<unsigned long long>(v)); }
     /// @copydoc addNr(unsigned long long const&)
-    void addNr(unsigned char const& v) { addNr(static_cast<unsigned long long>(v)); }
+    QV_CHECKS void addNr(unsigned char const& v) { addNr(static_cast<unsigned long long>(v)); }
     /// Refused: a number of any other type, such as `unsigned long`, fits none of these better than
     /// the rest, so the caller casts it to the type that it means.
     void addNr(qvStrings::CastToLongLongOrUnsignedLongLong&&) = delete;
@@ -152,14 +155,15 @@ public:
     /// @}
 
 private:
-    void takeOverlay(_qvString_Uni_pointer const* p, char const* member = __builtin_FUNCTION())
+    QV_CHECKS void takeOverlay(_qvString_Uni_pointer const* p,
+                               char const* member = __builtin_FUNCTION())
     {
         auto const source = qvStrings::viewed(p);
         this->expectLength(source.count, member);
         qvStrings::assignUnclipped(this->ref(), source);
     }
 
-    void takeOld(_qvString_old<N> const& o, char const* member = __builtin_FUNCTION())
+    QV_CHECKS void takeOld(_qvString_old<N> const& o, char const* member = __builtin_FUNCTION())
     {
         this->expectLength(o.length, member);
         // A record may be converted in place, so the source may go while it is copied.

@@ -67,7 +67,7 @@ public:
     /// N, since a longer text is written past the object (`operator=` clips). Exactly its
     /// characters and the terminator are written.
     /// @param p The view; not null.
-    QV_KEEPS_STORAGE _qvString8_allSize(_qvString8_Uni_pointer const* p)
+    QV_CHECKS QV_KEEPS_STORAGE _qvString8_allSize(_qvString8_Uni_pointer const* p)
     {
         auto const source = qvStrings::viewed(p);
         this->expectLength(source.count);
@@ -78,13 +78,13 @@ public:
     /// of its text, stale ones included. Terminator; nothing else is cleared. A damaged length
     /// above N is taken too, and the terminator is then written past the text.
     /// @param o The image.
-    QV_KEEPS_STORAGE _qvString8_allSize(_qvString8_evenSize_old<N> const& o)
+    QV_CHECKS QV_KEEPS_STORAGE _qvString8_allSize(_qvString8_evenSize_old<N> const& o)
     {
         takeOld(o);
         this->ref().terminate();
     }
     /// @copydoc _qvString8_allSize(_qvString8_evenSize_old<N> const&)
-    QV_KEEPS_STORAGE _qvString8_allSize(_qvString8_UnevenSize_old<N> const& o)
+    QV_CHECKS QV_KEEPS_STORAGE _qvString8_allSize(_qvString8_UnevenSize_old<N> const& o)
     {
         takeOld(o);
         this->ref().terminate();
@@ -98,9 +98,15 @@ public:
     /// intended: after a text of N characters text[N] is whatever this string held there.
     /// @param o The image.
     /// @return This string.
-    _qvString8_allSize& operator=(_qvString8_evenSize_old<N> const& o) { return takeOld(o); }
+    QV_CHECKS _qvString8_allSize& operator=(_qvString8_evenSize_old<N> const& o)
+    {
+        return takeOld(o);
+    }
     /// @copydoc operator=(_qvString8_evenSize_old<N> const&)
-    _qvString8_allSize& operator=(_qvString8_UnevenSize_old<N> const& o) { return takeOld(o); }
+    QV_CHECKS _qvString8_allSize& operator=(_qvString8_UnevenSize_old<N> const& o)
+    {
+        return takeOld(o);
+    }
 
     /// Takes a null text: the length becomes 0, text[0] keeps its byte. `nullptr` alone names none
     /// of the pointers that the other assignments take; `0` and `NULL` are still refused, since
@@ -151,7 +157,7 @@ public:
     /// (intended, unlike the `char` form: it shows on a damaged length only).
     /// @param c The unit whose low byte it is.
     /// @return This string.
-    _qvString8_allSize& operator+=(unsigned short const& c)
+    QV_CHECKS _qvString8_allSize& operator+=(unsigned short const& c)
     {
         if (this->length != N)
             qvStrings::putUnit(this->checkedRef(), static_cast<char>(c));
@@ -164,15 +170,15 @@ public:
 
     /// @return The opposite of `operator==(char const*)`: true for null.
     /// @param s Text to compare with.
-    bool operator!=(char const* s) const { return !(*this == s); }
+    QV_CHECKS bool operator!=(char const* s) const { return !(*this == s); }
 
     /// Equality with the text of an older image, as with the string that the constructor makes of
     /// it: an empty one has a first byte of 0.
     /// @param o The image.
     /// @return True for exact equality.
-    bool operator==(_qvString8_evenSize_old<N> const& o) const { return equalsOld(o); }
+    QV_CHECKS bool operator==(_qvString8_evenSize_old<N> const& o) const { return equalsOld(o); }
     /// @copydoc operator==(_qvString8_evenSize_old<N> const&) const
-    bool operator==(_qvString8_UnevenSize_old<N> const& o) const { return equalsOld(o); }
+    QV_CHECKS bool operator==(_qvString8_UnevenSize_old<N> const& o) const { return equalsOld(o); }
 
     /// @}
     /// \name Position search
@@ -181,7 +187,7 @@ public:
     /// @return First place of the low byte of `c` at or behind `start`, or -1.
     /// @param c Unit of the byte; exact, unlike the neighbour for a `char`.
     /// @param start One outside the text means 0.
-    int indexOf(unsigned short const& c, int start) const
+    QV_CHECKS int indexOf(unsigned short const& c, int start) const
     {
         return this->indexOfCaseSen(static_cast<char>(c), start);
     }
@@ -189,7 +195,7 @@ public:
     /// @return Last place of the low byte of `c` at or before `start`, exact, or -1.
     /// @param c Unit of the byte.
     /// @param start One outside the text means its last character.
-    int lastIndexOf(unsigned short const& c, int start) const
+    QV_CHECKS int lastIndexOf(unsigned short const& c, int start) const
     {
         return this->lastIndexOf(static_cast<char>(c), start);
     }
@@ -202,22 +208,25 @@ public:
 
     /// Appends the number.
     /// @param v The number.
-    void addNr(int const& v) { addNr(static_cast<long long>(v)); }
+    QV_CHECKS void addNr(int const& v) { addNr(static_cast<long long>(v)); }
     /// @copydoc addNr(int const&)
-    void addNr(long long const& v) { qvStrings::appendNumber(this->checkedRef(), v); }
+    QV_CHECKS void addNr(long long const& v) { qvStrings::appendNumber(this->checkedRef(), v); }
     /// @copydoc addNr(int const&)
-    void addNr(unsigned long long const& v) { qvStrings::appendNumber(this->checkedRef(), v); }
+    QV_CHECKS void addNr(unsigned long long const& v)
+    {
+        qvStrings::appendNumber(this->checkedRef(), v);
+    }
 
     /// Appends the number in a field, zeros in front of the digits and of the sign: -5
     /// in 4 columns is "00-5" (intended).
     /// @param v The number.
     /// @param minWidth Least columns, sign included.
-    void addNr(int const& v, unsigned char const& minWidth)
+    QV_CHECKS void addNr(int const& v, unsigned char const& minWidth)
     {
         addNr(static_cast<long long>(v), minWidth);
     }
     /// @copydoc addNr(int const&, unsigned char const&)
-    void addNr(long long const& v, unsigned char const& minWidth)
+    QV_CHECKS void addNr(long long const& v, unsigned char const& minWidth)
     {
         qvStrings::appendZeroPadded(this->checkedRef(), v, minWidth);
     }
@@ -230,7 +239,7 @@ public:
 
     /// @return A new string with the number; all bytes behind it zero.
     /// @param v The number.
-    static _qvString8_allSize fromNr(long long const& v)
+    QV_CHECKS static _qvString8_allSize fromNr(long long const& v)
     {
         _qvString8_allSize result;
         result.addNr(v);
@@ -242,32 +251,32 @@ public:
     /// last two of eight count. The digits pass through a text of this capacity, so 6 and 7 keep
     /// the first 6 and 7 of eight, and the last two of these for a char (intended).
     /// @param v The number.
-    void addHexCode(signed char const& v)
+    QV_CHECKS void addHexCode(signed char const& v)
     {
         qvStrings::appendHex(this->checkedRef(), asUnsigned(v), 2, true);
     }
     /// @copydoc addHexCode(signed char const&)
-    void addHexCode(unsigned char const& v)
+    QV_CHECKS void addHexCode(unsigned char const& v)
     {
         qvStrings::appendHex(this->checkedRef(), v, 2, true);
     }
     /// @copydoc addHexCode(signed char const&)
-    void addHexCode(short const& v)
+    QV_CHECKS void addHexCode(short const& v)
     {
         qvStrings::appendHex(this->checkedRef(), asUnsigned(v), 4, false);
     }
     /// @copydoc addHexCode(signed char const&)
-    void addHexCode(unsigned short const& v)
+    QV_CHECKS void addHexCode(unsigned short const& v)
     {
         qvStrings::appendHex(this->checkedRef(), v, 4, false);
     }
     /// @copydoc addHexCode(signed char const&)
-    void addHexCode(int const& v)
+    QV_CHECKS void addHexCode(int const& v)
     {
         qvStrings::appendHex(this->checkedRef(), asUnsigned(v), 8, false);
     }
     /// @copydoc addHexCode(signed char const&)
-    void addHexCode(unsigned int const& v)
+    QV_CHECKS void addHexCode(unsigned int const& v)
     {
         qvStrings::appendHex(this->checkedRef(), v, 8, false);
     }
@@ -282,11 +291,11 @@ public:
     /// be missing). Values out of range are not noticed.
     /// @param[out] ok Unless null, whether the text is so.
     /// @return The number; 0 where *ok is false.
-    int toInt(bool* ok) const { return qvStrings::toInt(numberRef(ok), ok); }
+    QV_CHECKS int toInt(bool* ok) const { return qvStrings::toInt(numberRef(ok), ok); }
 
     /// As `toInt`, with `atoll`.
     /// @copydetails toInt(bool*) const
-    long long toInt64(bool* ok) const { return qvStrings::toInt64(numberRef(ok), ok); }
+    QV_CHECKS long long toInt64(bool* ok) const { return qvStrings::toInt64(numberRef(ok), ok); }
 
     /// Reads a field of bits / 4 hex digits from the start of the text. Signed, the value is
     /// extended from 8, 16 or 32 bits and *ok tells whether there was one; other widths give 0 and
@@ -297,7 +306,8 @@ public:
     /// @param cutDigits Whether to remove the field.
     /// @param[out] ok As said; may be null.
     /// @return The value.
-    long long toIntFromHex(int const& bits, bool const& asSigned, bool const& cutDigits, bool* ok)
+    QV_CHECKS long long toIntFromHex(int const& bits, bool const& asSigned, bool const& cutDigits,
+                                     bool* ok)
     {
         this->expect(!cutDigits || (bits >= 0 && bits / 4 <= this->length),
                      {bits, asSigned, cutDigits});
@@ -328,7 +338,7 @@ public:
 
 private:
     template <typename Old>
-    _qvString8_allSize& takeOld(Old const& o, char const* member = __builtin_FUNCTION())
+    QV_CHECKS _qvString8_allSize& takeOld(Old const& o, char const* member = __builtin_FUNCTION())
     {
         this->expectLength(o.length, member);
         // A record may be converted in place, so the source may go while it is copied.
@@ -339,7 +349,7 @@ private:
     }
 
     template <typename Old>
-    bool equalsOld(Old const& o, char const* member = __builtin_FUNCTION()) const
+    QV_CHECKS bool equalsOld(Old const& o, char const* member = __builtin_FUNCTION()) const
     {
         this->expectLength(o.length, member);
         unsigned const count = o.length < N ? o.length : N;
@@ -349,7 +359,7 @@ private:
 
     /// The text that a number is read from. Only the check that `ok` asks for uses the length,
     /// which a conversion from units may have left above N.
-    auto numberRef(bool const* ok, char const* member = __builtin_FUNCTION()) const
+    QV_CHECKS auto numberRef(bool const* ok, char const* member = __builtin_FUNCTION()) const
     {
         return ok == nullptr ? this->ref() : this->checkedRef(member);
     }
