@@ -38,6 +38,9 @@ _qvString8_allSize<250> qvApplicationPath(char* argv0)
 
 _qvString8_allSize<250> qvGetDirName_local(_qvString8_allSize<250> path)
 {
+    constexpr short longest = 250;
+    if (path.length > longest) // damaged: counts as full, here as in the strings' own members
+        path.setLength(longest);
     if (path.length <= 2)
         return path;
     if (path.endsWith('/'))

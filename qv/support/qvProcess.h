@@ -25,7 +25,7 @@ _qvString8_allSize<250> qvApplicationPath(char* argv0);
 /// The directory part of a path. Up to two characters come back unchanged. A "/" at position 0 or 1
 /// is never a cut (/tool gives /tool/), and a "/" in second place makes any path a network path
 /// whose server and share stay whole (a/b/c gives a/b/c/): both intended.
-/// @param path The path.
+/// @param path The path. A length above 250, which only a damaged record holds, counts as 250.
 /// @return The directory, with a trailing "/" unless it has 250 characters already.
 _qvString8_allSize<250> qvGetDirName_local(_qvString8_allSize<250> path);
 

@@ -159,6 +159,29 @@ TEST(QvGetDirName, GoesByTheLength)
     });
 }
 
+// What a damaged length leads to has a length that its caller can go by.
+TEST(QvGetDirName, TakesADamagedLengthForAFullPath)
+{
+    std::string const x247(247, 'x');
+    Row const rows[] = {
+        {x247 + "xxx", x247 + "xxx"},
+        {"abc/" + x247.substr(1), "abc/"},
+        {x247 + "xx/", x247 + "xx/"},
+        {"//" + x247 + "/", "//" + x247 + "/"},
+    };
+    for (Row const& row : rows)
+        for (int const length : {251, 252, 32768, 32769, 60000, 65535}) {
+            SCOPED_TRACE(row.path + ", length " + std::to_string(length));
+            Path path = path8(row.path);
+            path.length = static_cast<unsigned short>(length);
+            path.text[250] = '/'; // the terminator's place
+            Path const directory = qvGetDirName_local(path);
+            ASSERT_EQ(directory.length, row.directory.size());
+            EXPECT_EQ(textOf(directory), row.directory);
+            EXPECT_EQ(directory.text[directory.length], 0);
+        }
+}
+
 TEST(QvGetDirName, LeavesTheArgumentOfTheCallerAlone)
 {
     Path const path = path8("/usr/bin/tool");
