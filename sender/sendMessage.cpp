@@ -37,11 +37,11 @@ Outcome told(Outcome const& outcome, OutputText& text)
     return outcome;
 }
 
-Outcome::Kind kindOfFailedAttach(int error)
+Outcome::Kind kindOfFailedAttach(qvSharedMemory const& segment)
 {
-    if (error == qvSegment::segmentMissingError)
+    if (segment.errorText == qvSegment::segmentMissingText)
         return Outcome::Kind::noSegment;
-    return error == EACCES ? Outcome::Kind::noRight : Outcome::Kind::attachFailed;
+    return segment.error() == EACCES ? Outcome::Kind::noRight : Outcome::Kind::attachFailed;
 }
 
 /// The steps between attaching and leaving; the first that fails ends them. What came of the record
@@ -72,7 +72,7 @@ std::optional<Outcome> sendMessage(ClientMessage const& message,
 {
     qvSharedMemory segment(clientSegmentName);
     if (!segment.attach())
-        return told({kindOfFailedAttach(segment.error()), segment.errorString()}, text);
+        return told({kindOfFailedAttach(segment), segment.errorString()}, text);
     auto const outcome = deliver(segment, message, untilTold, text);
     segment.detach();
     return outcome;

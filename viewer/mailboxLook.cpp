@@ -16,7 +16,7 @@
 namespace {
 
 using qvSegment::segmentAttachRights;
-using qvSegment::segmentMissingError;
+using qvSegment::segmentMissingText;
 
 constexpr int readRights = 0444;
 
@@ -37,10 +37,10 @@ LookError errorOf(int systemError)
     }
 }
 
-/// The class has codes of its own, which are also values of `errno`.
+/// The class has codes of its own, which are also values of `errno`: its text tells them apart.
 LookError errorOf(qvSharedMemory const& segment)
 {
-    return segment.error() == segmentMissingError ? LookError::missing : errorOf(segment.error());
+    return segment.errorText == segmentMissingText ? LookError::missing : errorOf(segment.error());
 }
 
 void refuse(MailboxLook& look, char const* step)

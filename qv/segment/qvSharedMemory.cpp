@@ -15,7 +15,7 @@ using qvSegment::segmentPrefixSize;
 constexpr int stateError = -1;
 constexpr int sizeError = 2;
 constexpr int existsError = 4;
-constexpr int missingError = qvSegment::segmentMissingError;
+constexpr int missingError = 5;
 
 constexpr int createFlags = IPC_CREAT | IPC_EXCL | 0666;
 constexpr int queryRights = 0444;
@@ -88,7 +88,7 @@ bool qvSharedMemory::attach()
     int const id = shmget(key, 0, qvSegment::segmentAttachRights);
     if (id == -1) {
         if (errno == ENOENT)
-            fail(missingError, "Shared Memory does not exist.");
+            fail(missingError, qvSegment::segmentMissingText);
         else if (errno == EINVAL)
             fail(sizeError, "Shared Memory already exist, but size does not match.");
         else

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <csignal>
 #include <functional>
 
@@ -18,6 +19,7 @@ std::function<void()> afterUnlock = nothing;
 
 endToEnd::ClientHolder* client = nullptr;
 int lockByteAtSignal = -1;
+int attachError = 0;
 
 class MailboxLookTest : public testing::Test
 {
@@ -27,6 +29,7 @@ protected:
     {
         beforeAttach = beforeUnlock = afterUnlock = nothing;
         client = nullptr;
+        attachError = 0;
     }
 
     endToEnd::ClientHolder holder{endToEnd::Mailbox().message(2, 1)};
@@ -51,7 +54,11 @@ bool __real__ZN14qvSharedMemory6attachEv(qvSharedMemory* segment);
 bool __wrap__ZN14qvSharedMemory6attachEv(qvSharedMemory* segment)
 {
     beforeAttach();
-    return __real__ZN14qvSharedMemory6attachEv(segment);
+    if (attachError == 0)
+        return __real__ZN14qvSharedMemory6attachEv(segment);
+    errno = attachError;
+    segment->setError("shmget");
+    return false;
 }
 }
 
@@ -83,6 +90,14 @@ TEST_F(MailboxLookTest, segmentGoneBeforeTheLockIsMissing)
     EXPECT_EQ(look.error, LookError::missing);
     EXPECT_STREQ(look.errorText.asChar(), "Shared Memory does not exist.");
     EXPECT_EQ(judgeMailbox(look).status(), 2);
+}
+
+TEST_F(MailboxLookTest, segmentThatTheSystemRefusesIsNotMissing)
+{
+    attachError = EIO;
+    MailboxLook const look = lookAtMailbox(true);
+    EXPECT_EQ(look.error, LookError::refused);
+    EXPECT_STREQ(look.errorText.asChar(), "shmget: Input/output error");
 }
 
 TEST_F(MailboxLookTest, signalsWaitUntilTheLockIsFree)
