@@ -46,7 +46,7 @@ public:
     /// @return This string.
     Self& operator=(unsigned short const* s)
     {
-        this->take(measured(s));
+        assign(this->ref(), s);
         return this->self();
     }
 
@@ -102,7 +102,7 @@ public:
     /// @return This string.
     Self& operator+=(unsigned short const* s)
     {
-        append(this->checkedRef(), measured(s));
+        append(this->checkedRef(), s);
         return this->self();
     }
 
@@ -285,6 +285,7 @@ protected:
 
     /// The first N units of a text, all text behind them zero; the spare word stays.
     void construct(Run<unsigned short> source) { assignCleared(this->ref(), source); }
+    void construct(unsigned short const* source) { assignCleared(this->ref(), source); }
 
 private:
     static bool isAscii(char c) { return static_cast<signed char>(c) >= 0; }

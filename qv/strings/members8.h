@@ -47,10 +47,7 @@ public:
 
     /// @return True for exact equality of first byte, length and text.
     /// @param s Text to compare with; null gives false.
-    bool operator==(char const* s) const
-    {
-        return equalExact(this->checkedRef(), s);
-    }
+    bool operator==(char const* s) const { return equalExact(this->checkedRef(), s); }
 
     /// @}
     /// \name Containment

@@ -49,10 +49,7 @@ public:
 
     /// The first N units of a text, at most 1024; all text behind them zero, `trailer` stays.
     /// @param s The text. Null gives the empty string.
-    QV_KEEPS_STORAGE _qvString_old(unsigned short const* s)
-    {
-        this->construct(qvStrings::measured(s));
-    }
+    QV_KEEPS_STORAGE _qvString_old(unsigned short const* s) { this->construct(s); }
 
     /// Units, zero units included; all text behind them zero, `trailer` stays.
     /// @param s The units. Null needs n = 0.

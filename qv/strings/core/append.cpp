@@ -1,6 +1,6 @@
 #include "qv/strings/core/append.h"
 
-#include "qv/strings/core/move.h"
+#include "qv/strings/core/appendInline.h"
 
 namespace qvStrings {
 
@@ -84,6 +84,19 @@ void assignCleared(TextRef<Unit> self, Run<Source> source, Extension extension)
     withWordsFirst<placeCleared<Unit, Source>>(self, cut(source, self.capacity()), extension);
 }
 
+void assign(TextRef<unsigned short> self, unsigned short const* text)
+{
+    if (text == nullptr)
+        self.storeLength(0);
+    else
+        assign(self, measuredInline(text));
+}
+
+void assignCleared(TextRef<unsigned short> self, unsigned short const* text)
+{
+    assignCleared(self, measuredInline(text));
+}
+
 template <typename Unit>
 void assignUnclipped(TextRef<Unit> self, Run<Unit> source)
 {
@@ -93,12 +106,13 @@ void assignUnclipped(TextRef<Unit> self, Run<Unit> source)
 template <typename Unit, typename Source>
 void append(TextRef<Unit> self, Run<Source> source, Extension extension)
 {
-    if (source.units == nullptr)
-        return;
-    unsigned const length = self.length();
-    auto const kept = cut(source, self.capacity() - length);
-    write(self.text() + length, kept, extension);
-    self.endAt(length + kept.count);
+    if (source.units != nullptr)
+        appendInline(self, source, extension);
+}
+
+void append(TextRef<unsigned short> self, unsigned short const* text)
+{
+    append(self, measuredInline(text));
 }
 
 template <typename Unit>

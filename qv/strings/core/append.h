@@ -17,9 +17,17 @@ namespace qvStrings {
 template <typename Unit, typename Source>
 void assign(TextRef<Unit> self, Run<Source> source, Extension extension = Extension::zero);
 
-/// The same, and all units of the text behind the copied ones become 0.
+/// The same of a zero-terminated text of units, measured as by `measured`. Null sets the length to
+/// 0 and nothing else.
+void assign(TextRef<unsigned short> self, unsigned short const* text);
+
+/// The text becomes the first units of the source, and all units of the text behind the copied ones
+/// become 0.
 template <typename Unit, typename Source>
 void assignCleared(TextRef<Unit> self, Run<Source> source, Extension extension = Extension::zero);
+
+/// The same of a text of units.
+void assignCleared(TextRef<unsigned short> self, unsigned short const* text);
 
 /// The text becomes the source without a cut: a longer one is written past the text and the object.
 template <typename Unit>
@@ -29,6 +37,9 @@ void assignUnclipped(TextRef<Unit> self, Run<Unit> source);
 /// source too; a null one changes nothing.
 template <typename Unit, typename Source>
 void append(TextRef<Unit> self, Run<Source> source, Extension extension = Extension::zero);
+
+/// The same of a text of units.
+void append(TextRef<unsigned short> self, unsigned short const* text);
 
 /// Appends like `append`, but an empty source changes nothing at all.
 template <typename Unit, typename Source>

@@ -9,7 +9,14 @@ namespace qvStrings {
 
 namespace {
 
-/// The first place that differs in runs of at least 64 bytes. Most that begin with the same bytes
+/// Whether units are enough for blocks of 64 bytes. Fewer are compared without a call.
+template <typename Unit>
+constexpr bool isLong(unsigned count)
+{
+    return count * sizeof(Unit) >= 64;
+}
+
+/// The first place that differs in long runs. Most that begin with the same bytes
 /// are the same, and nothing tells that as fast as memcmp does. An input that was promised to be in
 /// upper case may break the promise: then the same bytes differ.
 template <Case mode, typename Unit>
@@ -21,13 +28,22 @@ template <Case mode, typename Unit>
     return mismatchByBlocks<mode, 16, 4>(a, b, count);
 }
 
-/// `mismatch` for the comparisons that are mostly of short texts: these make no call.
-template <Case mode, typename Unit>
-unsigned mismatchInline(Unit const* a, Unit const* b, unsigned count)
+/// The order of two texts of which `count` units are compared and the one at `at` differs first.
+template <typename Unit>
+int orderAt(unsigned at, Run<Unit> self, Run<Unit> other, unsigned count)
 {
-    if (count * sizeof(Unit) >= 64) [[unlikely]]
-        return mismatchOfLong<mode>(a, b, count);
-    return mismatchOfShort<mode>(a, b, count);
+    if (at == count)
+        return (self.count > other.count) - (self.count < other.count);
+    Unit const own = foldUpper(self.units[at]);
+    Unit const others = foldUpper(other.units[at]);
+    return order(&own, &others, 1);
+}
+
+template <typename Unit>
+[[gnu::noinline]] int orderOfLong(Run<Unit> self, Run<Unit> other, unsigned count)
+{
+    return orderAt(mismatchOfLong<Case::folded>(self.units, other.units, count), self, other,
+                   count);
 }
 
 } // namespace
@@ -35,7 +51,9 @@ unsigned mismatchInline(Unit const* a, Unit const* b, unsigned count)
 template <Case mode, typename Unit>
 unsigned mismatch(Unit const* a, Unit const* b, unsigned count)
 {
-    return mismatchInline<mode>(a, b, count);
+    if (isLong<Unit>(count))
+        return mismatchOfLong<mode>(a, b, count);
+    return mismatchOfShort<mode>(a, b, count);
 }
 
 template <Case mode, typename Unit>
@@ -43,8 +61,10 @@ bool equal(Unit const* a, Unit const* b, unsigned count)
 {
     if constexpr (mode == Case::exact)
         return order(a, b, count) == 0;
+    else if (isLong<Unit>(count)) [[unlikely]]
+        return mismatchOfLong<mode>(a, b, count) == count;
     else
-        return mismatchInline<mode>(a, b, count) == count;
+        return mismatchOfShort<mode>(a, b, count) == count;
 }
 
 template <Case mode, typename Unit>
@@ -138,12 +158,9 @@ int orderFolded(TextRef<Unit const> self, TextRef<Unit const> other)
     auto const a = self.run();
     auto const b = other.run();
     unsigned const count = std::min(a.count, b.count);
-    unsigned const at = mismatchInline<Case::folded>(a.units, b.units, count);
-    if (at == count)
-        return (a.count > b.count) - (a.count < b.count);
-    Unit const unitOfA = foldUpper(a.units[at]);
-    Unit const unitOfB = foldUpper(b.units[at]);
-    return order(&unitOfA, &unitOfB, 1);
+    if (isLong<Unit>(count)) [[unlikely]]
+        return orderOfLong(a, b, count);
+    return orderAt(mismatchOfShort<Case::folded>(a.units, b.units, count), a, b, count);
 }
 
 #define QV_INSTANTIATE(Unit)                                                                       \

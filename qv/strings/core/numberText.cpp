@@ -13,6 +13,9 @@ namespace qvStrings {
 
 namespace {
 
+/// "-9223372036854775808"
+constexpr unsigned longestDecimal = 20;
+
 /// A number in decimal.
 class DecimalText
 {
@@ -25,9 +28,26 @@ public:
     Run<char> run() const { return {text_, length_}; }
 
 private:
-    char text_[20]; // "-9223372036854775808"
+    char text_[longestDecimal];
     unsigned length_;
 };
+
+/// Appends a number, formatted in its place where it surely fits.
+template <typename Unit, typename Number>
+void appendDecimal(TextRef<Unit> self, Number value)
+{
+    if constexpr (sizeof(Unit) == 1) {
+        unsigned const length = self.length();
+        if (self.capacity() - length >= longestDecimal) {
+            char* const end =
+                std::to_chars(self.text() + length, self.text() + length + longestDecimal, value)
+                    .ptr;
+            self.endAt(static_cast<unsigned>(end - self.text()));
+            return;
+        }
+    }
+    append(self, DecimalText(value).run());
+}
 
 /// A copy of the first `count` bytes of a text, terminated there.
 class TerminatedCopy
@@ -95,13 +115,13 @@ Number toNumber(TextRef<char const> self, bool* ok, Number (*convert)(char const
 template <typename Unit>
 void appendNumber(TextRef<Unit> self, long long value)
 {
-    append(self, DecimalText(value).run());
+    appendDecimal(self, value);
 }
 
 template <typename Unit>
 void appendNumber(TextRef<Unit> self, unsigned long long value)
 {
-    append(self, DecimalText(value).run());
+    appendDecimal(self, value);
 }
 
 void appendZeroPadded(TextRef<char> self, long long value, unsigned minWidth)
