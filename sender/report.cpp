@@ -72,9 +72,8 @@ void addTime(OutputText& out)
     std::time_t const now = std::time(nullptr);
     std::tm utc{};
     gmtime_r(&now, &utc);
-    char text[sizeof "2026-01-01T00:00:00Z"];
-    std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", &utc);
-    out.add(text);
+    out.addFormatted("%d-%02d-%02dT%02d:%02d:%02dZ", utc.tm_year + 1900, utc.tm_mon + 1,
+                     utc.tm_mday, utc.tm_hour, utc.tm_min, utc.tm_sec);
 }
 
 /// The segment's own text where there is one.

@@ -5,7 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <cstdio>
+#include <cstdarg>
+#include <ctime>
+#include <fcntl.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -73,11 +75,15 @@ protected:
 
 extern "C" {
 
-std::FILE* __real_fopen(char const* path, char const* mode);
+int __real_open(char const* path, int flags, ...);
 
-std::FILE* __wrap_fopen(char const* path, char const* mode)
+int __wrap_open(char const* path, int flags, ...)
 {
-    return isProcHidden ? nullptr : __real_fopen(path, mode);
+    std::va_list more;
+    va_start(more, flags);
+    auto const rights = (flags & O_CREAT) != 0 ? va_arg(more, unsigned) : 0U;
+    va_end(more);
+    return isProcHidden ? -1 : __real_open(path, flags, rights);
 }
 }
 
