@@ -16,7 +16,7 @@ using namespace images16;
 
 /// A record that holds strings between odd things, as the shared records do.
 template <typename S>
-struct Record
+struct Record16
 {
     char before;
     S first;
@@ -39,9 +39,9 @@ constexpr bool isPlain()
 
     // Neighbours in an array or a record move nobody apart.
     static_assert(sizeof(S[3]) == 3 * Size);
-    static_assert(offsetof(Record<S>, first) == 2);
-    static_assert(offsetof(Record<S>, second) == 2 + Size);
-    static_assert(offsetof(Record<S>, behind) == 2 + 2 * Size);
+    static_assert(offsetof(Record16<S>, first) == 2);
+    static_assert(offsetof(Record16<S>, second) == 2 + Size);
+    static_assert(offsetof(Record16<S>, behind) == 2 + 2 * Size);
     return true;
 }
 

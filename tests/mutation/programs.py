@@ -129,11 +129,9 @@ class Builder:
             if compilation.output not in linked or not any(
                     word.startswith("-DQV_TOOL_PATH=") for word in compilation.words):
                 continue
-            tests[compilation.output] = compilation.output
-            if "QV_TOOL_PATH" in compilation.file.read_text():
-                tests[compilation.output] = self.file(".o")
-                compilation.run("-UQV_TOOL_PATH", f'-DQV_TOOL_PATH="./{TOOL}"', "-c", "-o",
-                                str(tests[compilation.output]))
+            tests[compilation.output] = self.file(".o")
+            compilation.run("-UQV_TOOL_PATH", f'-DQV_TOOL_PATH="./{TOOL}"', "-c", "-o",
+                            str(tests[compilation.output]))
         return tests
 
     def file(self, suffix):

@@ -4,9 +4,8 @@
 
 #include <type_traits>
 
+namespace guarded {
 namespace {
-
-using namespace guarded;
 
 template <typename S>
 class Access8 : public testing::Test
@@ -47,3 +46,4 @@ TYPED_TEST(Access8, asUniIsTheObjectItself)
 }
 
 } // namespace
+} // namespace guarded

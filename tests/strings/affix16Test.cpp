@@ -3,9 +3,9 @@
 
 #include "tests/strings/laid.h"
 
+namespace strings {
 namespace {
 
-using namespace strings;
 using namespace std::string_view_literals;
 
 class Affix16 : public OverImages
@@ -113,3 +113,4 @@ TEST_P(Affix16, endsWithBehindACountedGate)
 }
 
 } // namespace
+} // namespace strings

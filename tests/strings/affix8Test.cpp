@@ -5,9 +5,8 @@
 
 #include <climits>
 
+namespace strings {
 namespace {
-
-using namespace strings;
 
 class Affix8 : public OverImages
 {};
@@ -45,7 +44,7 @@ TEST_P(Affix8, anExactStartIsNotCut)
     EXPECT_FALSE(full->startsWithCaseSen((narrowed(letters(image.capacity)) + "gh").c_str()));
 }
 
-struct CountRow
+struct CountedRow
 {
     int count;
     bool starts;
@@ -53,7 +52,7 @@ struct CountRow
 
 /// A count passes when its low 16 bits less 1 are below the length, and those bits are compared.
 /// The bytes of the text are "abX" against a receiver "ABc": two of them match.
-constexpr CountRow countRows[] = {
+constexpr CountedRow countedRows[] = {
     {0, false},          {1, true},      {2, true},       {3, false},       {4, false},
     {-1, false},         {-2, false},    {-65533, false}, {-65534, true},   {-65535, true},
     {-65536, false},     {65535, false}, {65536, false},  {65537, true},    {65538, true},
@@ -66,7 +65,7 @@ TEST_P(Affix8, countedBeginnings)
     Laid const text(image, u"ABc");
     Laid const empty(image, u"");
     auto const bytes = unterminated("abX");
-    for (auto const& row : countRows) {
+    for (auto const& row : countedRows) {
         SCOPED_TRACE(row.count);
         EXPECT_EQ(text->startsWith(bytes.data(), row.count), row.starts);
         EXPECT_FALSE(empty->startsWith(bytes.data(), row.count));
@@ -89,3 +88,4 @@ TEST_P(Affix8, theGateOfAnEndLooksAt16Bits)
 }
 
 } // namespace
+} // namespace strings

@@ -4,9 +4,9 @@
 
 #include <climits>
 
+namespace strings {
 namespace {
 
-using namespace strings;
 using namespace std::string_view_literals;
 
 class Affix : public OverImages
@@ -194,7 +194,7 @@ TEST_P(Affix, staleTextIsNoPartOfTheReceiver)
     EXPECT_FALSE(text->endsWith("b"));
 }
 
-struct UnitRow
+struct AffixUnitRow
 {
     Text text;
     Unit unit;
@@ -203,7 +203,7 @@ struct UnitRow
 };
 
 /// Exact, in spite of the plain names.
-constexpr UnitRow unitRows[] = {
+constexpr AffixUnitRow affixUnitRows[] = {
     {u"abc", u'a', true, false},
     {u"abc", u'A', false, false},
     {u"abc", u'b', false, false},
@@ -227,7 +227,7 @@ constexpr UnitRow unitRows[] = {
 
 TEST_P(Affix, singleUnitsAreExact)
 {
-    for (auto const& row : unitRows) {
+    for (auto const& row : affixUnitRows) {
         if (!image.fits(row.text))
             continue;
         SCOPED_TRACE(shown(row.text) + ", " + std::to_string(row.unit));
@@ -352,3 +352,4 @@ TEST_P(AffixBytes, everyPairOfBytes)
 }
 
 } // namespace
+} // namespace strings

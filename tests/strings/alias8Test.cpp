@@ -2,9 +2,8 @@
 
 #include "tests/strings/rows8.h"
 
+namespace guarded {
 namespace {
-
-using namespace guarded;
 
 template <typename S>
 class Alias8 : public testing::Test
@@ -111,3 +110,4 @@ TEST(Alias8Ranges, overlappingRangesOfLongTextsMoveWhole)
 }
 
 } // namespace
+} // namespace guarded

@@ -2,9 +2,9 @@
 
 #include "tests/strings/guarded16.h"
 
+namespace images16 {
 namespace {
 
-using namespace images16;
 using namespace std::string_view_literals;
 
 template <typename S>
@@ -90,3 +90,4 @@ TYPED_TEST(Append16, rawTextsAreCutAtTheCapacity)
 }
 
 } // namespace
+} // namespace images16

@@ -5,9 +5,9 @@
 
 #include <climits>
 
+namespace strings {
 namespace {
 
-using namespace strings;
 using namespace std::string_view_literals;
 
 std::u16string ended(Text text)
@@ -330,3 +330,4 @@ TEST_P(AppendTo, unitsOfTheReceiverAreTakenAsTheyWere)
 }
 
 } // namespace
+} // namespace strings

@@ -8,9 +8,9 @@
 #include <string>
 #include <string_view>
 
+namespace images16 {
 namespace {
 
-using namespace images16;
 using namespace std::string_view_literals;
 
 template <typename S>
@@ -23,20 +23,20 @@ class AssignCurrent16 : public testing::Test
 {};
 TYPED_TEST_SUITE(AssignCurrent16, CurrentImages, ImageName);
 
-struct WidenRow
+struct AssignRow
 {
     char const* bytes;
     Text signExtended;
 };
 
-constexpr WidenRow widenRows[] = {
+constexpr AssignRow assignRows[] = {
     {"", u""},           {"abc", u"abc"},         {"\x7F\x80", u"\x7F\xFF80"},
     {"\xE4", u"\xFFE4"}, {"a\xFFz", u"a\xFFFFz"},
 };
 
 TYPED_TEST(AssignCurrent16, ofAStandardStringBySignExtension)
 {
-    for (auto const& row : widenRows) {
+    for (auto const& row : assignRows) {
         Laid<TypeParam> receiver(u"");
         *receiver = std::string(row.bytes);
         EXPECT_TRUE(
@@ -144,3 +144,4 @@ TYPED_TEST(Assign16, constructionAndAssignmentWidenDifferently)
 }
 
 } // namespace
+} // namespace images16

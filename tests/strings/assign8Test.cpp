@@ -3,9 +3,8 @@
 
 #include "tests/strings/rows8.h"
 
+namespace guarded {
 namespace {
-
-using namespace guarded;
 
 template <typename S>
 class Assign8 : public testing::Test
@@ -157,3 +156,4 @@ TYPED_TEST(Assign8, fromCharOfNullSetsTheLengthAlone)
 }
 
 } // namespace
+} // namespace guarded

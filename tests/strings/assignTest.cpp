@@ -3,9 +3,9 @@
 
 #include "tests/strings/laid.h"
 
+namespace strings {
 namespace {
 
-using namespace strings;
 using namespace std::string_view_literals;
 
 class Assign : public OverImages
@@ -98,3 +98,4 @@ TEST_P(Assign, bytesAreZeroExtended)
 }
 
 } // namespace
+} // namespace strings

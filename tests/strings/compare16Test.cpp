@@ -7,9 +7,9 @@
 #include <string>
 #include <string_view>
 
+namespace images16 {
 namespace {
 
-using namespace images16;
 using namespace std::string_view_literals;
 
 template <typename S>
@@ -121,3 +121,4 @@ TYPED_TEST(Compare16, aFullTextAgainstRawUnitsThatDifferInTheLast)
 }
 
 } // namespace
+} // namespace images16

@@ -2,9 +2,8 @@
 
 #include "tests/strings/laid.h"
 
+namespace strings {
 namespace {
-
-using namespace strings;
 
 class Compare8 : public OverImages
 {};
@@ -27,3 +26,4 @@ TEST_P(Compare8, aStaleFirstByteDecidesAgainstText)
 }
 
 } // namespace
+} // namespace strings

@@ -4,9 +4,9 @@
 
 #include <climits>
 
+namespace strings {
 namespace {
 
-using namespace strings;
 using namespace std::string_view_literals;
 
 class Compare : public OverImages
@@ -425,3 +425,4 @@ TEST_P(CompareBytes, everyPairOfBytes)
 }
 
 } // namespace
+} // namespace strings

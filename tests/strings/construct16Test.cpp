@@ -9,9 +9,9 @@
 #include <string>
 #include <string_view>
 
+namespace images16 {
 namespace {
 
-using namespace images16;
 using namespace std::string_view_literals;
 
 template <typename S>
@@ -54,13 +54,13 @@ TYPED_TEST(Construct16, fromEachCharacter)
     EXPECT_TRUE(isClearedBehind(Guarded<TypeParam>('\0'), u"\0"sv));
 }
 
-struct WidenRow
+struct ConstructRow
 {
     char const* bytes;
     Text units;
 };
 
-constexpr WidenRow widenRows[] = {
+constexpr ConstructRow constructRows[] = {
     {"", u""},
     {nullText, u""},
     {"a", u"a"},
@@ -74,7 +74,7 @@ constexpr WidenRow widenRows[] = {
 
 TYPED_TEST(Construct16, fromTextBySignExtension)
 {
-    for (auto const& row : widenRows) {
+    for (auto const& row : constructRows) {
         EXPECT_TRUE(isClearedBehind(Guarded<TypeParam>(row.bytes), row.units)) << shown(row.units);
     }
 }
@@ -149,3 +149,4 @@ TYPED_TEST(Construct16, fromCountedUnits)
 }
 
 } // namespace
+} // namespace images16

@@ -4,9 +4,8 @@
 #include "tests/strings/laid.h"
 #include "tests/strings/rows8.h"
 
+namespace guarded {
 namespace {
-
-using namespace guarded;
 
 template <typename S>
 class Construct8 : public testing::Test
@@ -100,3 +99,4 @@ TEST_P(ConstructHigh8, highBytesAreKept)
 }
 
 } // namespace
+} // namespace guarded

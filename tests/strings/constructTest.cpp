@@ -6,9 +6,9 @@
 
 #include <climits>
 
+namespace strings {
 namespace {
 
-using namespace strings;
 using namespace std::string_view_literals;
 
 class Construct : public OverImages
@@ -133,3 +133,4 @@ TEST(ConstructImage, theLengthIsStoredLowByteFirst)
 }
 
 } // namespace
+} // namespace strings

@@ -2,9 +2,9 @@
 
 #include "tests/strings/laid.h"
 
+namespace strings {
 namespace {
 
-using namespace strings;
 using namespace std::string_view_literals;
 
 class Edit16 : public OverImages
@@ -33,3 +33,4 @@ TEST_P(Edit16, takesPlainTextsAsArguments)
 }
 
 } // namespace
+} // namespace strings

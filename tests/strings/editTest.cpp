@@ -3,9 +3,9 @@
 
 #include "tests/strings/laid.h"
 
+namespace strings {
 namespace {
 
-using namespace strings;
 using namespace std::string_view_literals;
 
 class Edit : public OverImages
@@ -403,3 +403,4 @@ TEST_P(EditBytes, everyPairOfBytes)
 }
 
 } // namespace
+} // namespace strings

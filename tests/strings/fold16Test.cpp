@@ -8,9 +8,8 @@
 #include <string>
 #include <string_view>
 
+namespace images16 {
 namespace {
-
-using namespace images16;
 
 template <typename S>
 class Fold16 : public testing::Test
@@ -161,3 +160,4 @@ TYPED_TEST(Fold16, throughTheMembersForCharacters)
 }
 
 } // namespace
+} // namespace images16

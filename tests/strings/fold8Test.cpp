@@ -8,9 +8,8 @@
 
 #include <string>
 
+namespace images8 {
 namespace {
-
-using namespace images8;
 
 using String = _qvString8_allSize<250>;
 
@@ -127,3 +126,4 @@ TEST(Fold8, throughTheSearches)
 }
 
 } // namespace
+} // namespace images8

@@ -9,9 +9,9 @@
 #include <string>
 #include <string_view>
 
+namespace images8 {
 namespace {
 
-using namespace images8;
 using namespace std::string_view_literals;
 
 template <typename S>
@@ -371,3 +371,4 @@ TEST(HexCut8, aWideFieldInASmallCapacity)
 }
 
 } // namespace
+} // namespace images8

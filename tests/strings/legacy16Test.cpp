@@ -10,9 +10,9 @@
 #include <type_traits>
 #include <utility>
 
+namespace images16 {
 namespace {
 
-using namespace images16;
 using namespace std::string_view_literals;
 
 /// The older string of the same capacity.
@@ -181,3 +181,4 @@ TEST(LegacySpare16, clearLeavesTheTrailerAndConstructionZeroesIt)
 }
 
 } // namespace
+} // namespace images16

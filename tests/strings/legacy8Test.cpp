@@ -6,9 +6,9 @@
 #include <new>
 #include <type_traits>
 
+namespace strings {
 namespace {
 
-using namespace strings;
 using namespace std::string_view_literals;
 
 /// No string is made by these images, since at many capacities the older strings have no members.
@@ -362,3 +362,4 @@ TEST_P(Legacy8, convertedTextIsAStringLikeAnyOther)
 }
 
 } // namespace
+} // namespace strings

@@ -11,9 +11,8 @@
 #include <string>
 #include <type_traits>
 
+namespace images16 {
 namespace {
-
-using namespace images16;
 
 using Bytes8 = char const*;
 using UnitText = unsigned short const*;
@@ -271,3 +270,4 @@ constexpr bool atEach()
 static_assert(atEach<10, 15, 25, 30, 48, 50, 75, 100, 125, 150, 200, 225, 250, 500, 1000, 2500>());
 
 } // namespace
+} // namespace images16

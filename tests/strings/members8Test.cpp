@@ -11,9 +11,8 @@
 #include <string>
 #include <type_traits>
 
+namespace images8 {
 namespace {
-
-using namespace images8;
 
 using Text = char const*;
 using Flag = bool const&;
@@ -307,3 +306,4 @@ constexpr bool haveOnlyTheSharedMembers(testing::Types<S...>)
 static_assert(haveOnlyTheSharedMembers(Older()));
 
 } // namespace
+} // namespace images8

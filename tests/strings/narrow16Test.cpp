@@ -12,9 +12,9 @@
 #include <string_view>
 #include <type_traits>
 
+namespace images16 {
 namespace {
 
-using namespace images16;
 using namespace std::string_view_literals;
 
 template <typename S>
@@ -254,3 +254,4 @@ TEST(CharLen, countsUnitsBeforeTheFirstZero)
 }
 
 } // namespace
+} // namespace images16

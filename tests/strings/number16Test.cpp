@@ -9,9 +9,9 @@
 #include <string>
 #include <string_view>
 
+namespace images16 {
 namespace {
 
-using namespace images16;
 using namespace std::string_view_literals;
 
 template <typename S>
@@ -290,3 +290,4 @@ TYPED_TEST(Number16, toIntReads249Units)
 }
 
 } // namespace
+} // namespace images16

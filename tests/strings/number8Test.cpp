@@ -9,9 +9,9 @@
 #include <string>
 #include <string_view>
 
+namespace images8 {
 namespace {
 
-using namespace images8;
 using namespace std::string_view_literals;
 
 template <typename S>
@@ -320,3 +320,4 @@ TEST(NumberCut8, endsAtTheCapacityWithoutATerminator)
 }
 
 } // namespace
+} // namespace images8

@@ -8,9 +8,9 @@
 #include <string>
 #include <string_view>
 
+namespace images16 {
 namespace {
 
-using namespace images16;
 using namespace std::string_view_literals;
 
 template <typename S>
@@ -158,3 +158,4 @@ TYPED_TEST(Overlay16, ofNoBytesIsEmpty)
 }
 
 } // namespace
+} // namespace images16

@@ -2,9 +2,8 @@
 
 #include "tests/strings/rows8.h"
 
+namespace guarded {
 namespace {
-
-using namespace guarded;
 
 /// Runs one check against a source of every capacity that matters.
 template <typename Check>
@@ -91,3 +90,4 @@ TEST(Overlay8Cases, constructionFromALongerTextIsNotClampedAndPassesTheObject)
 }
 
 } // namespace
+} // namespace guarded

@@ -2,9 +2,9 @@
 
 #include "tests/strings/laid.h"
 
+namespace strings {
 namespace {
 
-using namespace strings;
 using namespace std::string_view_literals;
 
 class Search16 : public OverImages
@@ -32,7 +32,7 @@ TEST_P(Search16, indexOfPlainText)
     EXPECT_EQ(stale->indexOfText("c"), -1);
 }
 
-struct ContainsRow
+struct ContainsWideRow
 {
     Text text;
     char const* pattern;
@@ -41,7 +41,7 @@ struct ContainsRow
     bool upperInput;
 };
 
-constexpr ContainsRow containsRows[] = {
+constexpr ContainsWideRow containsWideRows[] = {
     {u"x\xFFE4", "\xE4", true, true, true},
     {u"x\xE4", "\xE4", false, false, false},
     {u"x\xFFE4z", "X\xE4", true, false, true},
@@ -49,7 +49,7 @@ constexpr ContainsRow containsRows[] = {
 
 TEST_P(Search16, containsTexts)
 {
-    for (auto const& row : containsRows) {
+    for (auto const& row : containsWideRows) {
         SCOPED_TRACE(shown(row.text));
         Laid const text(image, row.text);
         EXPECT_EQ(text->contains(row.pattern), row.folded);
@@ -85,3 +85,4 @@ TEST_P(Search16, highCharacters)
 }
 
 } // namespace
+} // namespace strings

@@ -5,9 +5,9 @@
 #include <climits>
 #include <random>
 
+namespace strings {
 namespace {
 
-using namespace strings;
 using namespace std::string_view_literals;
 
 class Search : public OverImages
@@ -587,3 +587,4 @@ TEST(SearchLong, aNearMissIsNoHit)
 }
 
 } // namespace
+} // namespace strings

@@ -4,9 +4,9 @@
 
 #include <climits>
 
+namespace strings {
 namespace {
 
-using namespace strings;
 using namespace std::string_view_literals;
 
 class Slice : public OverImages
@@ -279,3 +279,4 @@ TEST_P(Slice, leftNCutWalksThroughAFullString)
 }
 
 } // namespace
+} // namespace strings

@@ -2,9 +2,9 @@
 
 #include "tests/strings/laid.h"
 
+namespace strings {
 namespace {
 
-using namespace strings;
 using namespace std::string_view_literals;
 
 class Spacing16 : public OverImages
@@ -43,3 +43,4 @@ TEST_P(Spacing16, theTrustingFormCutsAMeasuredText)
 }
 
 } // namespace
+} // namespace strings

@@ -5,9 +5,9 @@
 
 #include <climits>
 
+namespace strings {
 namespace {
 
-using namespace strings;
 using namespace std::string_view_literals;
 
 class Spacing : public OverImages
@@ -115,7 +115,7 @@ TEST_P(Spacing, textLengthsWrapAt65536)
     EXPECT_TRUE(became(one, 5, u"ab  x\0"sv));
 }
 
-struct CutRow
+struct CutFieldRow
 {
     std::size_t room;
     char const* text;
@@ -124,7 +124,7 @@ struct CutRow
 };
 
 /// The field shrinks to the room that is left, and the text inside it is cut at the capacity.
-constexpr CutRow cutRows[] = {
+constexpr CutFieldRow cutFieldRows[] = {
     {6, "abcdefgh", 10, u"abcdef"},
     {6, "abcdefgh", -10, u"abcdef"},
     {6, "abcdefgh", 0, u"abcdef"},
@@ -163,7 +163,7 @@ constexpr CutRow cutRows[] = {
 
 TEST_P(Spacing, theClampedFormStaysInside)
 {
-    for (auto const& row : cutRows) {
+    for (auto const& row : cutFieldRows) {
         SCOPED_TRACE((row.text ? row.text : "null") + (", " + std::to_string(row.width)) + " in " +
                      std::to_string(row.room));
         auto const before = letters(image.capacity - row.room);
@@ -401,3 +401,4 @@ TEST_P(Spacing, fieldsOfNumbersShrinkToTheRoom)
 }
 
 } // namespace
+} // namespace strings

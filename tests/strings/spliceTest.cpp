@@ -5,9 +5,9 @@
 
 #include <climits>
 
+namespace strings {
 namespace {
 
-using namespace strings;
 using namespace std::string_view_literals;
 
 class Splice : public OverImages
@@ -476,3 +476,4 @@ TEST_P(Splice, ownUnitsAsArguments)
 }
 
 } // namespace
+} // namespace strings

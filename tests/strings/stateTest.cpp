@@ -4,9 +4,9 @@
 
 #include <climits>
 
+namespace strings {
 namespace {
 
-using namespace strings;
 using namespace std::string_view_literals;
 
 class State : public OverImages
@@ -159,3 +159,4 @@ TEST_P(State, createCharStringRepeatsUpToTheCapacity)
 }
 
 } // namespace
+} // namespace strings

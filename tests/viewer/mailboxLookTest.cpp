@@ -62,6 +62,8 @@ bool __wrap__ZN14qvSharedMemory6attachEv(qvSharedMemory* segment)
 }
 }
 
+namespace {
+
 TEST_F(MailboxLookTest, holdsTheLockWhileReading)
 {
     int held = -1;
@@ -119,3 +121,5 @@ TEST_F(MailboxLookTest, isNeverTheLastOneOut)
     EXPECT_TRUE(endToEnd::clientSegmentExists());
     EXPECT_EQ(endToEnd::clientSegmentAttachCount(), 0);
 }
+
+} // namespace
