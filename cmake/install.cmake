@@ -1,8 +1,10 @@
-# What `cmake --install` lays down, in two components: tool for the nodes, dev for programs that use
-# the library. Nothing in it knows where it lies, so the whole can be moved.
+# What `cmake --install` lays down, in three components: tool for the nodes, dev for programs that
+# use the library, doc for who writes them. Nothing in it knows where it lies, so the whole can be
+# moved.
 set(share ${CMAKE_INSTALL_DATAROOTDIR})
 set(toolDocs ${share}/doc/qvnodedispatch)
 set(devDocs ${share}/doc/libqv-dev)
+set(docDocs ${share}/doc/libqv-doc)
 set(qvPackage ${CMAKE_INSTALL_LIBDIR}/cmake/qv)
 set(pkgConfig ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
@@ -10,8 +12,6 @@ set(pkgConfig ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 install(TARGETS qv EXPORT qv ARCHIVE COMPONENT dev LIBRARY COMPONENT dev)
 install(DIRECTORY qv ${PROJECT_BINARY_DIR}/include/qv TYPE INCLUDE COMPONENT dev
     FILES_MATCHING PATTERN "*.h")
-install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT dev
-    FILES_MATCHING PATTERN "*.3")
 install(DIRECTORY debugger DESTINATION ${share}/qv COMPONENT dev PATTERN __pycache__ EXCLUDE)
 
 # find_package(qv) and pkg-config.
@@ -47,12 +47,21 @@ function(qv_keep_links folder component)
 include(\"${PROJECT_SOURCE_DIR}/cmake/installedLinks.cmake\")" COMPONENT ${component})
 endfunction()
 file(GLOB drawings CONFIGURE_DEPENDS docs/image*.svg)
-install(DIRECTORY examples DESTINATION ${devDocs} COMPONENT dev FILES_MATCHING PATTERN "*.cpp")
 install(FILES docs/memory-images.md docs/run.svg ${drawings} DESTINATION ${devDocs}/docs
     COMPONENT dev)
 install(FILES README.md CHANGELOG.md DESTINATION ${devDocs} COMPONENT dev)
 install(FILES LICENSE RENAME copyright DESTINATION ${devDocs} COMPONENT dev) # Debian's name for it
 qv_keep_links(${devDocs} dev)
+
+# What explains the library: the API reference where it is built, its manual pages and examples.
+if(QV_REFERENCE)
+    install(DIRECTORY ${QV_REFERENCE}/ DESTINATION ${docDocs}/html COMPONENT doc)
+endif()
+install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT doc
+    FILES_MATCHING PATTERN "*.3")
+install(DIRECTORY examples DESTINATION ${docDocs} COMPONENT doc FILES_MATCHING PATTERN "*.cpp")
+install(FILES CHANGELOG.md DESTINATION ${docDocs} COMPONENT doc)
+install(FILES LICENSE RENAME copyright DESTINATION ${docDocs} COMPONENT doc)
 
 if(NOT QV_BUILD_TOOL)
     return()

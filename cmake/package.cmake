@@ -1,5 +1,6 @@
-# `./dev package`: the tool and the library as a .deb and a tar.gz each, the tool as an .rpm too. The
-# tar.gz is for machines without dpkg and rpm; it unpacks over any prefix, such as /usr/local.
+# `./dev package`: the tool, the library and its documentation as a .deb and a tar.gz each, the tool
+# as an .rpm too. The tar.gz is for machines without dpkg and rpm; it unpacks over any prefix, such as
+# /usr/local.
 set(CPACK_PACKAGE_NAME qvnodedispatch)
 set(CPACK_PACKAGE_VENDOR "qvNodeDispatch contributors")
 set(CPACK_PACKAGE_CONTACT "${CPACK_PACKAGE_VENDOR} <contributors@qvnodedispatch.invalid>")
@@ -39,6 +40,7 @@ set(CPACK_ARCHIVE_COMPONENT_INSTALL ON)
 set(platform ${PROJECT_VERSION}-${CMAKE_SYSTEM_PROCESSOR})
 set(CPACK_ARCHIVE_TOOL_FILE_NAME qvnodedispatch-${platform})
 set(CPACK_ARCHIVE_DEV_FILE_NAME libqv-dev-${platform})
+set(CPACK_ARCHIVE_DOC_FILE_NAME libqv-doc-${PROJECT_VERSION})
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
@@ -59,10 +61,24 @@ set(CPACK_DEBIAN_TOOL_DESCRIPTION
 
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libqv-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEV_PACKAGE_SUGGESTS libqv-doc)
 set(CPACK_DEBIAN_DEV_DESCRIPTION "support library of the render farm's programs
 Strings of a fixed capacity that live inside shared records, a named shared
 segment with a lock, a string list, checksums and text helpers, for C++20.
 Views for GDB, LLDB and natvis come with it.")
+
+set(CPACK_DEBIAN_DOC_PACKAGE_NAME libqv-doc)
+set(CPACK_DEBIAN_DOC_PACKAGE_SECTION doc)
+set(CPACK_DEBIAN_DOC_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_DOC_DESCRIPTION "support library of the render farm's programs, documentation
+The API reference as HTML, the manual page and examples of libqv: strings of
+a fixed capacity, a named shared segment with a lock, a string list,
+checksums and text helpers, for C++20.")
+# Documentation without the reference is none.
+get_cmake_property(CPACK_COMPONENTS_ALL COMPONENTS)
+if(NOT QV_REFERENCE)
+    list(REMOVE_ITEM CPACK_COMPONENTS_ALL doc)
+endif()
 
 # For Enterprise Linux 8 and 9. The tools alone: a program links the library with the C++ library that
 # it was compiled with, which is another one there.

@@ -24,7 +24,9 @@ pack() {
     rm -r "$build/packed"
 }
 
-pack x86_64
+(cd "$sources" && ./dev reference) >"$folder/reference.log" 2>&1 ||
+    { cat "$folder/reference.log" >&2; exit 1; }
+pack x86_64 -DQV_REFERENCE="$sources/build/reference"
 cd "$packages"
 sha256sum -- * >"$folder/SHA256SUMS"
 mv "$folder/SHA256SUMS" .

@@ -73,7 +73,7 @@ committed=${SOURCE_DATE_EPOCH:-$(git -C "$tests" log -1 --format=%ct)}
 expect 'the times in the packages' "$committed" \
     "$(find "$scratch"/{deb,tar} -type f -printf '%T@\n' | sed 's/\.0*$//' | sort -u)"
 
-for name in qvnodedispatch libqv-dev; do
+for name in qvnodedispatch libqv-dev libqv-doc; do
     expect "$name has its changes where Debian looks for them" "$(cat "$here/../CHANGELOG.md")" \
         "$(zcat "$scratch/deb/usr/share/doc/$name/changelog.gz")"
 done
@@ -86,6 +86,8 @@ for prefix in "$scratch/deb/usr" "$scratch/tar"; do
     expect 'the tool is static' yes \
         "$(file "$prefix/bin/qvNodeDispatch" |
             grep -qE 'static-pie linked|statically linked' && echo yes)"
+    expect 'the reference has a first page' yes \
+        "$(grep -q 'qvNodeDispatch' "$prefix/share/doc/libqv-doc/html/index.html" && echo yes)"
     expect 'the installed tree works' yes \
         "$(bash "$tests/package/installedTree.sh" "$prefix" "$version" >&2 && echo yes)"
 done

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# `cmake --install` lays down exactly the files of tool.txt and dev.txt and the library's headers, knows no folder of this
-# machine, and what it lays down works after it was moved.
+# `cmake --install` lays down exactly the files of tool.txt, dev.txt and doc.txt and the library's
+# headers, knows no folder of this machine, and what it lays down works after it was moved.
 #
 #     installTest.sh SOURCE_ROOT BUILD_FOLDER VERSION
 set -euo pipefail
@@ -15,9 +15,9 @@ trap 'rm -rf "$scratch"' EXIT
 headers=$(cd "$source_root" && find qv -name '*.h' -printf 'include/%p\n')
 expected() {
     cat "$here/$1.txt"
-    [[ $1 == tool ]] || printf '%s\n' "$headers"
+    [[ $1 != dev ]] || printf '%s\n' "$headers"
 }
-for component in tool dev; do
+for component in tool dev doc; do
     cmake --install "$build" --component "$component" --prefix "$scratch/first/$component" \
         >/dev/null
     expect "files of the component $component" "$(expected $component | LC_ALL=C sort)" \
@@ -25,7 +25,7 @@ for component in tool dev; do
 done
 
 mkdir "$scratch/moved"
-cp -a "$scratch"/first/{tool,dev}/. "$scratch/moved"
+cp -a "$scratch"/first/{tool,dev,doc}/. "$scratch/moved"
 rm -r "$scratch/first"
 expect 'files that name a folder of this machine' '' \
     "$(grep -rIlF -e "$source_root/" -e "$build" -e "$scratch" "$scratch/moved")"

@@ -64,7 +64,7 @@ for compiler in g++ clang++; do
 done
 
 # The examples compile where they are installed and need no other header.
-examples=("$prefix"/share/doc/libqv-dev/examples/*.cpp)
+examples=("$prefix"/share/doc/libqv-doc/examples/*.cpp)
 expect 'there are examples' 7 "${#examples[@]}"
 for example in "${examples[@]}"; do
     name=$(basename "$example" .cpp)
