@@ -23,9 +23,14 @@ namespace QV_MEMBER_NAMESPACE {
 /// to their const references where all of them ask for a conversion, and nowhere else: what fits
 /// one of them as it is or by a promotion (a bit-field, an enumerator) still takes that one.
 /// @{
+
+/// By `addNr`.
 using CastToLongLongOrUnsignedLongLong = long double;
+/// By `addNr` with a width.
 using CastToLongLong = long double;
+/// By `addHexCode`.
 using CastToIntOrUnsignedInt = long double;
+
 /// @}
 
 /// The members that mean the same in every fixed string, of either width and any image. Each adapts
