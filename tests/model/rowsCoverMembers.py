@@ -70,4 +70,5 @@ def main():
     return failed
 
 
-sys.exit(main())
+if __name__ == "__main__":
+    sys.exit(main())
