@@ -43,6 +43,8 @@ expect 'outcomes of qvNodeDispatchStatus.1' \
 # The class as it is declared, and the texts of its errors.
 holds qvSharedMemory.3 declaration < <(sed -n '/^public:/,/^private:/p' qv/segment/qvSharedMemory.h |
     sed -nE '/= delete/d; s/ = .*;/;/; s/^    ([^/ ][^;]*;).*/\1/p')
-holds qvSharedMemory.3 'text of an error' < <(tr '\n' ' ' <qv/segment/qvSharedMemory.cpp |
-    grep -oE '(fail\(\w+, +|setError\()"[^"]*"' | sed -E 's/^[^"]*"//; s/"$//')
+holds qvSharedMemory.3 'text of an error' < <(
+    cat qv/segment/qvSharedMemory.cpp qv/segment/core/segmentKey.h | tr '\n' ' ' |
+        grep -oE '(fail\(\w+, +|setError\(|segmentMissingText\[\] = )"[^"]*"' |
+        sed -E 's/^[^"]*"//; s/"$//')
 finish

@@ -14,8 +14,9 @@ constexpr int segmentPrefixSize = 8;
 /// The rights that attaching asks for: reading and writing.
 constexpr int segmentAttachRights = 0660;
 
-/// `qvSharedMemory::errorString()` of an attach that found no segment. `error()` alone does not tell:
-/// the class's own code for it, 5, is EIO as well. No failure in the system's words has this text.
+/// `qvSharedMemory::errorString()` of an attach that found no segment. `error()` alone does not
+/// tell: the class's own code for it, 5, is EIO as well. No failure in the system's words has this
+/// text.
 constexpr char segmentMissingText[] = "Shared Memory does not exist.";
 
 /// Bytes of a whole segment as the class counts them: a signed 32-bit number, which wraps.
