@@ -242,8 +242,9 @@ public:
     /// @{
 
     /// `atoi` of the low bytes of the first 249 units. With `ok` all units must be digits but a '-'
-    /// at position 0 (both may be missing). Values out of range are not noticed. An empty text
-    /// gives 0 whatever stale units it has, unlike the 8-bit namesake.
+    /// at position 0 (both may be missing). Values out of range are not noticed: the
+    /// result is the low 32 bits of what `strtol` makes of them. An empty text gives 0 whatever
+    /// stale units it has, unlike the 8-bit namesake.
     /// @param[out] ok Unless null, whether the units are so.
     /// @return The number; 0 where *ok is false.
     int toInt(bool* ok) const { return qvStrings::toInt(this->checkedRef(), ok); }

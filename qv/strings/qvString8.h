@@ -288,12 +288,13 @@ public:
     /// @{
 
     /// `atoi` of the text. With `ok` the text must be all digits but a '-' at position 0 (both may
-    /// be missing). Values out of range are not noticed.
+    /// be missing). Values out of range are not noticed: the result is the low 32 bits of what
+    /// `strtol` makes of them.
     /// @param[out] ok Unless null, whether the text is so.
     /// @return The number; 0 where *ok is false.
     QV_CHECKS int toInt(bool* ok) const { return qvStrings::toInt(numberRef(ok), ok); }
 
-    /// As `toInt`, with `atoll`.
+    /// As `toInt`, with `atoll`; out of range the result is what `strtoll` makes of it.
     /// @copydetails toInt(bool*) const
     QV_CHECKS long long toInt64(bool* ok) const { return qvStrings::toInt64(numberRef(ok), ok); }
 
