@@ -84,6 +84,7 @@ install(FILES completion/mailboxView.fish DESTINATION ${share}/fish/vendor_compl
 install(FILES completion/_qvNodeDispatch completion/_mailboxView
     DESTINATION ${share}/zsh/site-functions COMPONENT tool)
 install(FILES docs/cookbook.md docs/mailbox.md docs/mailbox.svg docs/run.svg
+    docs/scale.md docs/scale.svg
     DESTINATION ${toolDocs}/docs COMPONENT tool)
 install(DIRECTORY contrib DESTINATION ${toolDocs} COMPONENT tool
     PATTERN "*.sh" PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE
