@@ -10,7 +10,7 @@
 #
 # The status is 0 whatever comes of it: Slurm drains a node whose prolog fails and puts the job back
 # into its queue, and a render client that does not run takes nothing from a job. The system log
-# tells.
+# tells. It shares no file with the epilog for the same reason: one that is missing would fail it.
 
 # slurmd gives its prologs no search path.
 PATH=${PATH:+$PATH:}/usr/local/bin:/usr/bin:/bin
