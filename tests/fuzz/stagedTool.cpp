@@ -1,5 +1,7 @@
 #include "tests/fuzz/stagedTool.h"
 
+#include "sender/sendMessage.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cstdint>
@@ -136,6 +138,21 @@ SenderRun runTool(SenderScene const& scene)
     }
     stage = nullptr;
     return thisStage.finish();
+}
+
+std::optional<Outcome> sendInScene(SenderScene const& scene, ClientMessage const& message)
+{
+    Stage thisStage(scene);
+    stage = &thisStage;
+    std::optional<Outcome> outcome;
+    {
+        OutputOnStage const output;
+        OutputText text;
+        qvSegment::DeferredSignals const untilTold;
+        outcome = sendMessage(message, untilTold, text);
+    }
+    stage = nullptr;
+    return outcome;
 }
 
 } // namespace qvTest

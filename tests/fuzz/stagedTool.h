@@ -1,6 +1,10 @@
 #pragma once
 
+#include "sender/clientMessage.h"
+#include "sender/outcome.h"
 #include "tests/model/senderScene.h"
+
+#include <optional>
 
 namespace qvTest {
 
@@ -9,5 +13,8 @@ namespace qvTest {
 // __xpg_strerror_r: the scene answers them, where tests of the segment alone script answers call by
 // call. The segment is allocated to its exact size, and freed when the tool unmaps it.
 SenderRun runTool(SenderScene const& scene);
+
+// What both fronts of the tool are told when they send the message inside the scene.
+std::optional<Outcome> sendInScene(SenderScene const& scene, ClientMessage const& message);
 
 } // namespace qvTest

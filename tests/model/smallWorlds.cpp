@@ -3,8 +3,8 @@
 //
 //     smallWorlds [LONGEST [JOBS]]
 //
-// LONGEST is the length of the longest texts, 2 unless it is given, or 1 under a sanitizer; at 4
-// every 16-bit unit is tried as well. JOBS processes share the work.
+// LONGEST is the length of the longest texts, 2 unless it is given, or 1 under the address
+// sanitizer; at 4 every 16-bit unit is tried as well. JOBS processes share the work.
 #include "tests/model/smallWorld.h"
 #include "tests/model/stringDifferential.h"
 #include "tests/proof/figures.h"

@@ -1,76 +1,97 @@
-// How a failed attach is told to scripts, beside the tool's text. The system's answers are staged:
-// no machine gives all of these on demand.
+// What the fronts of the tool are told of a message: scripts see it as a status and in JSON.
 #include "sender/sendMessage.h"
+
+#include "tests/endToEnd/clientSegment.h"
+#include "tests/fuzz/stagedTool.h"
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
 #include <string>
-#include <sys/shm.h>
 #include <vector>
 
 namespace {
 
-int lookUpError = 0;
-int mappingError = 0;
+using endToEnd::Mailbox;
+using qvTest::SenderScene;
+using Kind = Outcome::Kind;
 
-int answer(int error)
+SenderScene sceneWith(Mailbox const& mailbox)
 {
-    errno = error;
-    return error == 0 ? 7 : -1;
+    SenderScene scene;
+    scene.segment = mailbox.bytes();
+    scene.sizeTold = scene.segment.size();
+    scene.attachedToldOnLeaving = 1;
+    scene.systemText = "the system's words";
+    return scene;
+}
+
+Outcome sent(SenderScene const& scene)
+{
+    auto const outcome = qvTest::sendInScene(scene, {ClientMessageType{2}, 1});
+    EXPECT_TRUE(outcome.has_value());
+    return outcome.value_or(Outcome{Kind::usage, "not sent"});
 }
 
 } // namespace
 
-extern "C" {
-int __wrap_shmget(key_t, std::size_t, int)
-{
-    return answer(lookUpError);
-}
-
-void* __wrap_shmat(int, void const*, int)
-{
-    errno = mappingError;
-    return reinterpret_cast<void*>(-1);
-}
-
-int __wrap_shmctl(int, int, shmid_ds*)
-{
-    return answer(EINVAL); // gone
-}
-}
-
-using Kind = Outcome::Kind;
-
-TEST(SendMessageTest, tellsWhyItCouldNotAttach)
+TEST(SendMessage, tellsWhyAttachingFailed)
 {
     struct Row
     {
-        int lookUp;
-        int mapping;
+        SenderScene::Refusal SenderScene::*call;
+        int error;
         Kind kind;
         std::string reason;
     };
     for (Row const& row : std::vector<Row>{
-             {ENOENT, 0, Kind::noSegment, "Shared Memory does not exist."},
-             {EIO, 0, Kind::attachFailed, "shmget: Input/output error"},
-             {EACCES, 0, Kind::noRight, "shmget: Permission denied"},
-             {EINVAL, 0, Kind::attachFailed,
+             {&SenderScene::lookUp, ENOENT, Kind::noSegment, "Shared Memory does not exist."},
+             {&SenderScene::lookUp, EINVAL, Kind::attachFailed,
               "Shared Memory already exist, but size does not match."},
-             {ENOMEM, 0, Kind::attachFailed, "shmget: Cannot allocate memory"},
-             {0, EIO, Kind::attachFailed, "attach (shmat): Input/output error"},
-             {0, EACCES, Kind::noRight, "attach (shmat): Permission denied"},
+             {&SenderScene::lookUp, EACCES, Kind::noRight, "shmget: the system's words"},
+             // The class's own code for a missing segment is this number.
+             {&SenderScene::lookUp, EIO, Kind::attachFailed, "shmget: the system's words"},
+             {&SenderScene::lookUp, ENFILE, Kind::attachFailed, "shmget: the system's words"},
+             {&SenderScene::mapping, EACCES, Kind::noRight, "attach (shmat): the system's words"},
+             {&SenderScene::mapping, ENOMEM, Kind::attachFailed,
+              "attach (shmat): the system's words"},
          }) {
         SCOPED_TRACE(row.reason);
-        lookUpError = row.lookUp;
-        mappingError = row.mapping;
-        OutputText text;
-        auto const outcome =
-            sendMessage({ClientMessageType::command, 1}, qvSegment::DeferredSignals(), text);
-        ASSERT_TRUE(outcome);
-        EXPECT_EQ(outcome->kind, row.kind);
-        EXPECT_STREQ(outcome->reason.asChar(), row.reason.c_str());
-        EXPECT_EQ(text.pending(),
-                  " 8.3.05++++ Unable to attach shared memory! " + row.reason + "\n");
+        SenderScene scene = sceneWith(Mailbox());
+        scene.*row.call = row.error;
+        Outcome const outcome = sent(scene);
+        EXPECT_EQ(outcome.kind, row.kind);
+        EXPECT_EQ(std::string(outcome.reason.asChar()), row.reason);
     }
+}
+
+TEST(SendMessage, tellsWhatCameOfTheRecord)
+{
+    EXPECT_EQ(sent(sceneWith(Mailbox())).kind, Kind::stored);
+    EXPECT_EQ(sent(sceneWith(Mailbox().messageCount(29))).kind, Kind::stored);
+    EXPECT_EQ(sent(sceneWith(Mailbox().messageCount(30))).kind, Kind::queueFull);
+
+    Outcome const locked = sent(sceneWith(Mailbox().lockByte(1)));
+    EXPECT_EQ(locked.kind, Kind::lockFailed);
+    EXPECT_TRUE(locked.reason.hasData());
+
+    SenderScene scene = sceneWith(Mailbox());
+    scene.sizeTold = 100;
+    Outcome const small = sent(scene);
+    EXPECT_EQ(small.kind, Kind::wrongSize);
+    EXPECT_EQ(small.size, 92);
+
+    scene = sceneWith(Mailbox());
+    scene.mappedAtNull = true;
+    EXPECT_EQ(sent(scene).kind, Kind::accessFailed);
+}
+
+TEST(SendMessage, tellsAllFieldsOfAnotherFormat)
+{
+    Outcome const outcome =
+        sent(sceneWith(Mailbox().recordMarker(0x01020304).stateMarker(0x0506).stateFlag(0)));
+    EXPECT_EQ(outcome.kind, Kind::wrongFormat);
+    EXPECT_EQ(outcome.format.recordMarker, 0x01020304u);
+    EXPECT_EQ(outcome.format.stateMarker, 0x0506);
+    EXPECT_EQ(outcome.format.stateFlag, 0);
 }
