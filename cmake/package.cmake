@@ -1,13 +1,16 @@
 # `./dev package`: the tool, the library and its documentation as a .deb and a tar.gz each, the tool
 # as an .rpm too. The tar.gz is for machines without dpkg and rpm; it unpacks over any prefix, such as
-# /usr/local.
+# /usr/local. For a processor that is not this machine's there is the tar.gz alone.
 set(CPACK_PACKAGE_NAME qvnodedispatch)
 set(CPACK_PACKAGE_VENDOR "qvNodeDispatch contributors")
 set(CPACK_PACKAGE_CONTACT "${CPACK_PACKAGE_VENDOR} <contributors@qvnodedispatch.invalid>")
-set(CPACK_GENERATOR TGZ DEB)
+set(CPACK_GENERATOR TGZ)
 find_program(QV_RPMBUILD rpmbuild)
-if(QV_RPMBUILD)
-    list(APPEND CPACK_GENERATOR RPM)
+if(NOT CMAKE_CROSSCOMPILING)
+    list(APPEND CPACK_GENERATOR DEB)
+    if(QV_RPMBUILD)
+        list(APPEND CPACK_GENERATOR RPM)
+    endif()
 endif()
 set(CPACK_PROJECT_CONFIG_FILE ${PROJECT_SOURCE_DIR}/packaging/cpack.cmake)
 set(CPACK_PRE_BUILD_SCRIPTS

@@ -27,6 +27,7 @@ pack() {
 (cd "$sources" && ./dev reference) >"$folder/reference.log" 2>&1 ||
     { cat "$folder/reference.log" >&2; exit 1; }
 pack x86_64 -DQV_REFERENCE="$sources/build/reference"
+pack aarch64 -DCMAKE_TOOLCHAIN_FILE="$sources/cmake/aarch64.cmake"
 cd "$packages"
 sha256sum -- * >"$folder/SHA256SUMS"
 mv "$folder/SHA256SUMS" .

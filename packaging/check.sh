@@ -10,6 +10,7 @@ tests=$here/../tests
 source "$tests/shell/expect.sh"
 need lintian lintian
 need file file
+need qemu-aarch64 qemu-user
 need rpm rpm
 need rpmlint rpmlint
 need unshare util-linux
@@ -62,16 +63,19 @@ expect 'what is left of the .rpm when it is removed' '' \
     "$("${in_root[@]}" -e qvnodedispatch 2>&1
        find "$scratch/rpm" -ipath '*qv*' -o -name 'mailboxView*')"
 
-mkdir "$scratch"/{deb,tar}
+mkdir "$scratch"/{deb,x86_64,aarch64}
 for package in ./*.deb; do
     dpkg-deb -x "$package" "$scratch/deb"
 done
-for package in ./*.tar.gz; do
-    tar -xzf "$package" -C "$scratch/tar"
+tar -xzf libqv-doc-*.tar.gz -C "$scratch/x86_64"
+for machine in x86_64 aarch64; do
+    for package in ./*"-$machine.tar.gz"; do
+        tar -xzf "$package" -C "$scratch/$machine"
+    done
 done
 committed=${SOURCE_DATE_EPOCH:-$(git -C "$tests" log -1 --format=%ct)}
 expect 'the times in the packages' "$committed" \
-    "$(find "$scratch"/{deb,tar} -type f -printf '%T@\n' | sed 's/\.0*$//' | sort -u)"
+    "$(find "$scratch"/{deb,x86_64,aarch64} -type f -printf '%T@\n' | sed 's/\.0*$//' | sort -u)"
 
 for name in qvnodedispatch libqv-dev libqv-doc; do
     expect "$name has its changes where Debian looks for them" "$(cat "$here/../CHANGELOG.md")" \
@@ -80,7 +84,7 @@ done
 
 version=$(dpkg-deb -f qvnodedispatch_*.deb Version)
 version=${version%-*}
-for prefix in "$scratch/deb/usr" "$scratch/tar"; do
+for prefix in "$scratch/deb/usr" "$scratch/x86_64"; do
     expect 'what is linked in, by the SPDX document' "$(linked "$prefix/bin")" \
         "$(python3 -B "$here/checkLinked.py" "$prefix" | sed 's/ libgcc//')"
     expect 'the tool is static' yes \
@@ -91,5 +95,28 @@ for prefix in "$scratch/deb/usr" "$scratch/tar"; do
     expect 'the installed tree works' yes \
         "$(bash "$tests/package/installedTree.sh" "$prefix" "$version" >&2 && echo yes)"
 done
+
+# No processor for these is here: qemu runs what has no library of the system to ask for.
+foreign=$scratch/aarch64
+for program in qvNodeDispatch qvNodeDispatchStatus mailboxView; do
+    expect "$program is static, for aarch64" 'aarch64 static-pie linked' \
+        "$(file "$foreign/bin/$program" |
+            sed -nE 's/.*ARM (aarch64),.*, (static-pie linked|statically linked),.*/\1 \2/p')"
+done
+expect 'what is linked in, by the SPDX document for aarch64' "$(linked "$foreign/bin")" \
+    "$(python3 -B "$here/checkLinked.py" "$foreign" | sed 's/ libgcc//')"
+expect 'the tool runs on aarch64' 'Shared Memory does not exist.' \
+    "$("${as_root[@]}" qemu-aarch64 "$foreign/bin/qvNodeDispatch" abort |
+        grep -o 'Shared.*exist\.')"
+expect 'so does the one for scripts, on aarch64' noSegment \
+    "$("${as_root[@]}" qemu-aarch64 "$foreign/bin/qvNodeDispatchStatus" --json abort |
+        grep -o noSegment)"
+expect 'so does the view, on aarch64' 'no segment' \
+    "$("${as_root[@]}" qemu-aarch64 "$foreign/bin/mailboxView" | grep -o 'no segment')"
+read -ra flags < <(PKG_CONFIG_LIBDIR=$foreign/lib/pkgconfig pkg-config --cflags --libs qv)
+aarch64-linux-gnu-g++ -std=c++20 -static "$tests/package/consumer/consumer.cpp" "${flags[@]}" \
+    -o "$scratch/consumer"
+expect 'a program for aarch64 links the library' "QV_consumer_1234567 'render07' Abort $version" \
+    "$(qemu-aarch64 "$scratch/consumer")"
 
 finish
