@@ -5,7 +5,7 @@
 
 namespace {
 
-std::size_t count = 0;
+std::size_t allocations = 0;
 
 } // namespace
 
@@ -30,43 +30,43 @@ void* __wrap__ZnamRKSt9nothrow_t(std::size_t size, std::nothrow_t const& tag);
 
 void* __wrap_malloc(std::size_t size)
 {
-    ++count;
+    ++allocations;
     return __real_malloc(size);
 }
 
 void* __wrap_calloc(std::size_t number, std::size_t size)
 {
-    ++count;
+    ++allocations;
     return __real_calloc(number, size);
 }
 
 void* __wrap_realloc(void* block, std::size_t size)
 {
-    ++count;
+    ++allocations;
     return __real_realloc(block, size);
 }
 
 void* __wrap__Znwm(std::size_t size)
 {
-    ++count;
+    ++allocations;
     return __real__Znwm(size);
 }
 
 void* __wrap__Znam(std::size_t size)
 {
-    ++count;
+    ++allocations;
     return __real__Znam(size);
 }
 
 void* __wrap__ZnwmRKSt9nothrow_t(std::size_t size, std::nothrow_t const& tag)
 {
-    ++count;
+    ++allocations;
     return __real__ZnwmRKSt9nothrow_t(size, tag);
 }
 
 void* __wrap__ZnamRKSt9nothrow_t(std::size_t size, std::nothrow_t const& tag)
 {
-    ++count;
+    ++allocations;
     return __real__ZnamRKSt9nothrow_t(size, tag);
 }
 // NOLINTEND(bugprone-reserved-identifier)
@@ -77,7 +77,7 @@ namespace qvTest {
 
 std::size_t allocationCount()
 {
-    return count;
+    return allocations;
 }
 
 } // namespace qvTest
