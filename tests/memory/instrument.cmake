@@ -5,10 +5,7 @@ link_libraries(qv_sanitizers)
 add_compile_options(
     "$<$<COMPILE_LANGUAGE:CXX>:SHELL:-include ${CMAKE_CURRENT_LIST_DIR}/ownTemplates.h>")
 
-# The packaged GoogleTest is compiled; Debian's googletest holds its sources.
-find_path(QV_GTEST_SOURCES src/gtest-all.cc PATHS /usr/src/googletest/googletest REQUIRED)
-set(INSTALL_GTEST OFF)
-add_subdirectory(${QV_GTEST_SOURCES} gtest EXCLUDE_FROM_ALL)
+include(${CMAKE_CURRENT_LIST_DIR}/../compiledGTest.cmake)
 
 add_library(written OBJECT ${CMAKE_CURRENT_LIST_DIR}/written.cpp)
 link_libraries(written)

@@ -31,6 +31,7 @@ LEFT_OUT = {
     "string8DifferentialTest": "String8Images.*:*/current7:*8:*14:*15:*0",
     "string16DifferentialTest": "String16Images.*:*15:*48:*50:*00",
     "smallWorlds": "*",
+    "plainLanesTest": "String8Images.*:String16Images.*:*/current7:*8:*14:*15:*0",
     # The program that the system knows is memcheck itself, and it can't be copied.
     "qvApplicationPathTest": "QvApplicationPath.GoesByThePath*:QvApplicationPath.TakesALongPath*",
     # Memcheck slows the tool's start a hundredfold, which is not for tests of time and of crowds.
