@@ -16,7 +16,7 @@ using endToEnd::Mailbox;
 using qvTest::SenderScene;
 using Kind = Outcome::Kind;
 
-SenderScene sceneWith(Mailbox const& mailbox)
+SenderScene sceneOf(Mailbox const& mailbox)
 {
     SenderScene scene;
     scene.segment = mailbox.bytes();
@@ -57,7 +57,7 @@ TEST(SendMessage, tellsWhyAttachingFailed)
               "attach (shmat): the system's words"},
          }) {
         SCOPED_TRACE(row.reason);
-        SenderScene scene = sceneWith(Mailbox());
+        SenderScene scene = sceneOf(Mailbox());
         scene.*row.call = row.error;
         Outcome const outcome = sent(scene);
         EXPECT_EQ(outcome.kind, row.kind);
@@ -67,21 +67,21 @@ TEST(SendMessage, tellsWhyAttachingFailed)
 
 TEST(SendMessage, tellsWhatCameOfTheRecord)
 {
-    EXPECT_EQ(sent(sceneWith(Mailbox())).kind, Kind::stored);
-    EXPECT_EQ(sent(sceneWith(Mailbox().messageCount(29))).kind, Kind::stored);
-    EXPECT_EQ(sent(sceneWith(Mailbox().messageCount(30))).kind, Kind::queueFull);
+    EXPECT_EQ(sent(sceneOf(Mailbox())).kind, Kind::stored);
+    EXPECT_EQ(sent(sceneOf(Mailbox().messageCount(29))).kind, Kind::stored);
+    EXPECT_EQ(sent(sceneOf(Mailbox().messageCount(30))).kind, Kind::queueFull);
 
-    Outcome const locked = sent(sceneWith(Mailbox().lockByte(1)));
+    Outcome const locked = sent(sceneOf(Mailbox().lockByte(1)));
     EXPECT_EQ(locked.kind, Kind::lockFailed);
     EXPECT_TRUE(locked.reason.hasData());
 
-    SenderScene scene = sceneWith(Mailbox());
+    SenderScene scene = sceneOf(Mailbox());
     scene.sizeTold = 100;
     Outcome const small = sent(scene);
     EXPECT_EQ(small.kind, Kind::wrongSize);
     EXPECT_EQ(small.size, 92);
 
-    scene = sceneWith(Mailbox());
+    scene = sceneOf(Mailbox());
     scene.mappedAtNull = true;
     EXPECT_EQ(sent(scene).kind, Kind::accessFailed);
 }
@@ -89,7 +89,7 @@ TEST(SendMessage, tellsWhatCameOfTheRecord)
 TEST(SendMessage, tellsAllFieldsOfAnotherFormat)
 {
     Outcome const outcome =
-        sent(sceneWith(Mailbox().recordMarker(0x01020304).stateMarker(0x0506).stateFlag(0)));
+        sent(sceneOf(Mailbox().recordMarker(0x01020304).stateMarker(0x0506).stateFlag(0)));
     EXPECT_EQ(outcome.kind, Kind::wrongFormat);
     EXPECT_EQ(outcome.format.recordMarker, 0x01020304u);
     EXPECT_EQ(outcome.format.stateMarker, 0x0506);
