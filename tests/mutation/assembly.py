@@ -6,6 +6,7 @@ leaves the flags alone, so the program means what it meant before.
 """
 
 import dataclasses
+import hashlib
 import re
 import subprocess
 
@@ -14,6 +15,7 @@ STORE = re.compile(r"mov|add|sub|adc|sbb|and|or|xor|inc|dec|neg|not|sa[lr]|sh[lr
 TO_MEMORY = re.compile(r"([^\s,()]*)\(([^()]*)\)$")
 MOVE_BYTES = {"movb": 1, "movw": 2, "movl": 4, "movq": 8, "movlps": 8, "movhps": 8,
               "movups": 16, "movaps": 16, "movdqu": 16, "movdqa": 16}
+LITERAL = re.compile(r"^(\.LC\d+):\n((?:\t\.(?:string|ascii|zero|byte|value|long|quad)\b.*\n)+)", re.M)
 OPERATOR = re.compile(r"operator(<=>|<<|>>|<=|>=|->|<|>)")
 
 
@@ -22,11 +24,14 @@ class Mutant:
     number: int
     source: str  # what is compiled, "qv/strings/core/edit.cpp"
     symbol: str  # the function that the linker knows, one copy of a template
-    function: str  # the same with its namespaces, without template arguments and parameters
+    name: str  # the same as people read it, without parameters
+    function: str  # and without template arguments
+    place: int  # among the mutants of the function
     kind: str  # "flip", "store" or "call" with the name of what is called
     file: str  # where the line stands, which may be a header of the product
     line: int
     spans: int = 0  # instructions, of which a copy has several
+    content: str = ""  # a hash of the function
 
     def label(self, span):
         return f"qv.mutant.{self.number}.{span}"
@@ -79,14 +84,18 @@ class Marker:
         self.root, self.source = root, source
         self.firstNumber, self.wanted = firstNumber, wanted
         self.names, self.files = {}, {}
-        self.symbol = self.function = None  # of a function that is wanted
+        self.symbol = self.name = self.function = None  # of a function that is wanted
         self.file = self.line = None
         self.copy = None  # the mutant and the bytes of the copy that may go on
         self.mutants, self.rows = [], []
+        self.body, self.begin = [], 0  # rows and first mutant of the function
+        self.literals = {}
 
     def mark(self, text):
+        self.literals = dict(LITERAL.findall(text))
         self.names = demangled(re.findall(r"^\t(?:\.type|call)\t([\w.]+)", text, re.M))
         for row in text.splitlines():
+            self.body.append(row)
             if found := re.match(r"([^\s:]+):", row):
                 self.passLabel(found[1])
             elif found := re.match(r"\t\.file (\d+) (.*)", row):
@@ -97,11 +106,30 @@ class Marker:
                 self.passInstruction(found[1], found[2] or "", row)
                 continue
             self.rows.append(row)
+        self.endFunction()
         return "\n".join(self.rows) + "\n"
+
+    def endFunction(self):
+        """Gives all mutants of the function the hash of what it is compiled to: instructions,
+        tables and literals, whatever numbers the labels have."""
+        if self.begin < len(self.mutants):
+            numbers, told = {}, [self.symbol]
+
+            def numbered(label):
+                literal = self.literals.get(label[0])
+                return literal or f".{numbers.setdefault(label[0], len(numbers))}"
+            for row in self.body:
+                if re.match(r"\t[a-z]|\t\.(?:long|quad)\t|\.L\d+:", row):
+                    told.append(re.sub(r"\.LC?\d+\b", numbered, row))
+            content = hashlib.sha256("\n".join(told).encode()).hexdigest()[:8]
+            for mutant in self.mutants[self.begin:]:
+                mutant.content = content
+        self.body, self.begin = [], len(self.mutants)
 
     def passLabel(self, label):
         if not label.startswith(".L") and label in self.names:
-            name = self.names[label]
+            self.endFunction()
+            name = self.name = self.names[label]
             self.symbol = label if self.wanted(name) else None
             self.function = withoutTemplateArguments(name)
         if not re.match(r"\.L[A-Z]", label):  # those only carry line numbers
@@ -144,7 +172,8 @@ class Marker:
 
     def mutant(self, kind):
         mutant = Mutant(self.firstNumber + len(self.mutants), self.source, self.symbol,
-                        self.function, kind, self.file, self.line)
+                        self.name, self.function, len(self.mutants) - self.begin, kind, self.file,
+                        self.line)
         self.mutants.append(mutant)
         self.rows.append(f"\tmovb\t$1, qvReached+{mutant.number}(%rip)")
         return mutant

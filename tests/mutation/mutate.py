@@ -1,30 +1,32 @@
 #!/usr/bin/env python3
 """Breaks the product in one place at a time and sees whether a test notices.
 
-The exit status is 0 if all mutants of sender/ and qv/segment/ and 95 % of all died, and every
-survivor has its reason in survivors.txt.
+What came of each mutant is kept in results.txt (record.py), and only what that doesn't tell is tried.
+The exit status is 0 if nothing is owed, 97 % were killed, and every survivor has its reason.
 """
 
 import argparse
 import collections
 import concurrent.futures
+import math
 import pathlib
 import queue
-import random
 import resource
 import shutil
 import sys
+import threading
 import time
 
-import survivors
+import record
 from build import Build
 from programs import Builder, CAPACITIES, ROOT
 from trial import Bench, Image
 
-LEAST_PERCENT = 95
+LEAST_PERCENT = 97
 MOST_MEMORY = 4 << 30  # of one run
 MOST_OUTPUT = 1 << 28
 MOST_KILLERS = 4  # of a function that are asked ahead of whole programs
+TRIES_UNHARMED = 3  # where the machine is busy a test of time may fail
 PAGE = 4096
 SECONDS_BETWEEN_REPORTS = 30
 
@@ -36,11 +38,16 @@ def arguments():
     parser.add_argument("--folder", type=pathlib.Path, default=ROOT / "build/mutation",
                         help="where ours is built, made anew (default build/mutation)")
     parser.add_argument("--jobs", type=int, default=2)
-    parser.add_argument("--source", default="", help="only sources with this in their path")
-    parser.add_argument("--sample", type=int, metavar="N",
-                        help="only N mutants of what is neither in sender/ nor in qv/segment/")
-    parser.add_argument("--all", action="store_true",
-                        help="try also what survivors.txt explains, to see that it still survives")
+    parser.add_argument("--source", nargs="+", default=[""],
+                        help="only sources whose path begins so")
+    parser.add_argument("--programs", nargs="+", default=[], metavar="NAME",
+                        help="ask only these test programs, and keep only what they kill")
+    parser.add_argument("--minutes", type=float, default=math.inf,
+                        help="stop after so many; the next run goes on from there")
+    parser.add_argument("--check", action="store_true",
+                        help="try nothing, say what the record owes")
+    parser.add_argument("--as-filed", dest="asFiled", action="store_true",
+                        help="the same of the record by itself, which takes no build")
     return parser.parse_args()
 
 
@@ -53,81 +60,81 @@ def measure(program, image, mutants, folder):
     bench = Bench(folder / f"{program.name}Alone")
     reachedMap = bench.folder / "reached.map"
     reachedMap.write_bytes(bytes((len(mutants) // PAGE + 1) * PAGE))
-    ended = bench.run(program, image)
-    if not ended.passed:
-        raise SystemExit(f"mutate: {program.name} fails without a mutant")
+    for _ in range(TRIES_UNHARMED):
+        ended = bench.run(program, image)
+        if ended.passed:
+            break
+        say(f"{program.name} fails without a mutant")
+    else:
+        raise SystemExit(f"mutate: {program.name} fails each time")
     program.expect(ended.seconds, ended.cpu)
     reached = reachedMap.read_bytes()
     program.reached = {mutant.number for mutant in mutants if reached[mutant.number]}
     shutil.rmtree(bench.folder)
 
 
-def withoutIdle(mutants, programs):
-    """Without the functions of template copies that no program comes by: the compiler wrote them
-    out because a class is instantiated whole, and put what they do into their callers."""
+def idleIn(mutants, images, programs):
+    """The functions that the linker leaves out, a second copy or one that nobody calls, and those
+    of template copies that no program comes by: the compiler wrote them out because a class is
+    instantiated whole, and put what they do into their callers."""
     reached = set().union(*(program.reached for program in programs))
-    running = {mutant.symbol for mutant in mutants if mutant.number in reached}
-    return [mutant for mutant in mutants
-            if mutant.source not in CAPACITIES or mutant.symbol in running]
+    linked = {function(mutant) for mutant in mutants
+              if any(image.holds(mutant) for image in images.values())}
+    running = {function(mutant) for mutant in mutants if mutant.number in reached}
+    return {function(mutant): mutant for mutant in mutants if function(mutant) not in linked or
+            mutant.source in CAPACITIES and function(mutant) not in running}
 
 
-def doubtful(mutants, every, explanations):
-    """Without those of which survivors.txt says that no test can kill them. Where it explains only
-    some of those that read alike, all of them are tried, also when a sample took only one."""
-    def place(mutant):
-        return mutant.symbol, survivors.keyOf(mutant, ROOT)
-
-    alike = collections.Counter(place(mutant) for mutant in every)
-    return [mutant for mutant in mutants
-            if alike[place(mutant)] > explanations[place(mutant)[1]]]
-
-
-def sample(mutants, size):
-    """All of sender/ and qv/segment/, and so many of all others."""
-    others = [mutant.number for mutant in mutants if not mustDie(mutant)]
-    taken = set(random.Random(1).sample(others, min(size, len(others))))
-    return [mutant for mutant in mutants if mustDie(mutant) or mutant.number in taken]
+def function(mutant):
+    return mutant.source, mutant.symbol
 
 
 def byFunction(mutants):
     """Lists of neighbours, long ones first so that no job is left alone with one at the end."""
     functions = collections.defaultdict(list)
     for mutant in mutants:
-        functions[mutant.symbol].append(mutant)
+        functions[function(mutant)].append(mutant)
     return sorted(functions.values(), key=len, reverse=True)
 
 
-def mustDie(mutant):
-    return mutant.source.startswith(("sender/", "qv/segment/"))
-
-
 class Trials:
-    def __init__(self, programs, images, options):
+    def __init__(self, programs, images, options, known):
         self.programs = sorted(programs, key=lambda program: program.seconds)
-        self.images = images
+        self.images, self.record = images, known
+        self.asksAll = not options.programs  # else a survivor may die by another one
         self.benches = queue.Queue()
         for job in range(options.jobs):
             self.benches.put(Bench(options.folder / f"job{job}"))
-        self.killers = {}  # mutant's number -> program and test, None for a survivor
-        self.reported = time.monotonic()
+        self.begun = self.reported = time.monotonic()
+        self.seconds = 60 * options.minutes
+        self.recording = threading.Lock()
+        self.tried = self.survived = 0
         self.latest = collections.defaultdict(list)  # function -> killers, the last one first
 
     def tryFunction(self, mutants):
         bench = self.benches.get()
         for mutant in mutants:
+            if time.monotonic() > self.begun + self.seconds:
+                break
             killer = self.killerOf(mutant, bench, self.latest[mutant.function])
-            self.killers[mutant.number] = killer
             if killer:
                 others = [other for other in self.latest[mutant.function] if other != killer]
                 self.latest[mutant.function] = [killer, *others][:MOST_KILLERS]
+            self.keep(mutant, killer)
         self.benches.put(bench)
 
-    def report(self):
-        """A line now and then."""
-        if time.monotonic() > self.reported + SECONDS_BETWEEN_REPORTS:
-            self.reported = time.monotonic()
-            survived = list(self.killers.values()).count(None)
-            say(f"{len(self.killers)} tried, {survived} survived")
+    def keep(self, mutant, killer):
+        """What came of it, for good: the next run goes on behind it."""
+        with self.recording:
+            verdict = record.killedBy(killer[0].name, killer[1]) if killer else "survived"
+            if killer or self.asksAll:
+                self.record.put(record.rowOf(mutant, verdict))
+            self.tried += 1
+            self.survived += killer is None
+            if time.monotonic() > self.reported + SECONDS_BETWEEN_REPORTS:
+                self.reported = time.monotonic()
+                self.record.write()
+                say(f"{self.tried} tried, {self.survived} survived")
 
     def killerOf(self, mutant, bench, latest):
         """Asks the tests that killed a neighbour, then all programs, the quickest first."""
@@ -150,40 +157,54 @@ def table(rows):
                          *(str(cell).rjust(width) for cell, width in zip(row[1:], widths[1:]))]))
 
 
-def judge(mutants, killers, programs, explanations):
-    reached = set().union(*(program.reached for program in programs))
+def judge(mutants, known):
+    """The table and the line of figures. True when nothing is owed."""
     counts = collections.defaultdict(collections.Counter)
-    left = collections.defaultdict(lambda: collections.Counter(explanations))
-    unexplained = []
     for mutant in mutants:
+        row = known.of(mutant)
+        if row and row.isIdle:
+            continue
         count = counts[mutant.source]
         count["mutants"] += 1
-        if killers.get(mutant.number):
-            count["killed"] += 1
-            continue
-        key = survivors.keyOf(mutant, ROOT)
-        left[mutant.symbol][key] -= 1
-        if left[mutant.symbol][key] >= 0:
-            count["explained"] += 1
-        else:
+        count["killed"] += row is not None and row.isKilled
+        count["explained"] += row is not None and row.isExplained
+        if row and row.isUnexplained:
             count["survived"] += 1
-            reach = "" if mutant.number in reached else ", not reached"
-            unexplained.append(f"survived (line {mutant.line} of {mutant.symbol}{reach}): {key}")
+            print(f"survived (line {mutant.line}): {row.function}: {row.place}: {row.kind}: "
+                  f"{row.line}")
     columns = ("mutants", "killed", "explained", "survived")
     table([("source", *columns),
            *((source, *(count[column] for column in columns)) for source, count in counts.items())])
-    for line in unexplained:
-        print(line)
     total = sum(counts.values(), collections.Counter())
-    percent = 100 * total["killed"] / max(total["mutants"], 1)
+    missing, stale = known.known(mutants)
+    percent = 100 * total["killed"] / max(total["mutants"] - missing - stale, 1)
     print(f"proof: mutation sources={len(counts)} mutants={total['mutants']} "
-          f"killed={total['killed']} explained={total['explained']} percent={percent:.1f}")
-    return percent >= LEAST_PERCENT and not unexplained
+          f"killed={total['killed']} explained={total['explained']} "
+          f"unexplained={total['survived']} missing={missing} stale={stale} percent={percent:.1f}")
+    return percent >= LEAST_PERCENT and not total["survived"] and not missing and not stale
+
+
+def judgeAsFiled(known):
+    """The record by itself, without a look at the product: what it tells has to be true of the
+    tests. What it owes is counted, for it may grow over many runs."""
+    rows = [row for row in known.rows.values() if not row.isIdle and not row.isPast]
+    gone = [row for row in rows if not record.isThere(row)]
+    for row in gone:
+        print(f"killed by a test that is gone: {row.verdict}: {row.function}: {row.line}")
+    killed = sum(row.isKilled for row in rows)
+    print(f"{len(rows)} mutants, {killed} killed, "
+          f"{sum(row.isUnexplained for row in rows)} neither killed nor explained, "
+          f"{sum(not record.holds(row) for row in rows)} killed by a test that has changed since")
+    if not known.isSorted:
+        print("the lines are not sorted")
+    return known.isSorted and not gone
 
 
 def main():
     options = arguments()
-    explanations = survivors.explained()
+    known = record.Record()
+    if options.asFiled:
+        return 0 if judgeAsFiled(known) else 1
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
     resource.setrlimit(resource.RLIMIT_AS, (MOST_MEMORY, MOST_MEMORY))
     resource.setrlimit(resource.RLIMIT_FSIZE, (MOST_OUTPUT, MOST_OUTPUT))
@@ -191,28 +212,39 @@ def main():
     options.folder.mkdir(parents=True)
 
     with concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
-        say("building")
+        say("compiling")
         builder = Builder(Build(options.build.resolve()), options.folder.resolve(), pool)
-        programs = builder.programs()
-        images = {program.image: Image(program.image) for program in programs}
-        say(f"running {len(programs)} test programs without a mutant")
-        list(pool.map(lambda program: measure(program, images[program.image], builder.mutants,
-                                              options.folder), programs))
-        # What the linker left out is a second copy, or a function that nobody calls.
-        mutants = [mutant for mutant in builder.mutants if options.source in mutant.source
-                   and any(image.holds(mutant) for image in images.values())]
-        mutants = every = withoutIdle(mutants, programs)
-        if options.sample is not None:
-            mutants = sample(mutants, options.sample)
-        functions = byFunction(mutants if options.all else doubtful(mutants, every, explanations))
-        say(f"{len(builder.mutants)} mutants found, {len(mutants)} taken, "
-            f"{sum(map(len, functions))} of them to be tried")
-        trials = Trials(programs, images, options)
-        for done in concurrent.futures.as_completed(
-                [pool.submit(trials.tryFunction, function) for function in functions]):
-            done.result()
-            trials.report()
-    return 0 if judge(mutants, trials.killers, programs, explanations) else 1
+        builder.markProduct(tuple(options.source))
+        mutants = builder.mutants
+        owed = [mutant for mutant in mutants
+                if known.of(mutant) is None or known.of(mutant).isUnexplained]
+        say(f"{len(mutants)} mutants, {len(owed)} are to be tried")
+        if owed and not options.check:
+            tryAll(owed, builder, pool, options, known)
+            # Over all there is, sources that are no more go too.
+            sources = builder.sources | (known.sources() if options.source == [""] else set())
+            known.keepOnly(mutants, sources)
+            known.write()
+    return 0 if judge(mutants, known) else 1
+
+
+def tryAll(owed, builder, pool, options, known):
+    say("building")
+    programs = builder.programs(options.programs)
+    images = {program.image: Image(program.image) for program in programs}
+    say(f"running {len(programs)} test programs without a mutant")
+    list(pool.map(lambda program: measure(program, images[program.image], builder.mutants,
+                                          options.folder), programs))
+    # What some programs don't come by, others may.
+    idle = {} if options.programs else idleIn(owed, images, programs)
+    for mutant in idle.values():
+        known.put(record.idleRow(mutant))
+    functions = byFunction([mutant for mutant in owed if function(mutant) not in idle])
+    say(f"{sum(map(len, functions))} mutants to be tried")
+    trials = Trials(programs, images, options, known)
+    for done in concurrent.futures.as_completed(
+            [pool.submit(trials.tryFunction, each) for each in functions]):
+        done.result()
 
 
 if __name__ == "__main__":

@@ -45,7 +45,7 @@ class Program:
 
     def expect(self, seconds, cpu):
         self.seconds = seconds
-        self.limit = max(5, 10 * seconds)
+        self.limit = max(20, 10 * seconds)
         self.cpuLimit = 1 + 4 * cpu
 
 
@@ -76,11 +76,13 @@ class Builder:
     def __init__(self, build, folder, pool):
         self.build, self.folder, self.pool = build, folder, pool
         self.mutants = []
+        self.sources = set()  # that are marked
         self.ours = {}  # object or archive of the build -> ours
 
-    def programs(self):
-        commands = self.build.testCommands()
-        self.markProduct()
+    def programs(self, names):
+        """All test programs, or those of these names."""
+        commands = [command for command in self.build.testCommands()
+                    if not names or pathlib.Path(command[0]).name in names]
         self.reached = self.folder / "reached.o"
         run(["g++", "-std=c++20", "-O1", "-fPIE", f"-DQV_MUTANTS={len(self.mutants)}", "-c",
              str(FOLDER / "reached.cpp"), "-o", str(self.reached)])
@@ -96,13 +98,16 @@ class Builder:
         self.link(tool, self.ours)
         return list(self.pool.map(self.program, commands, steps))
 
-    def markProduct(self):
-        found = [compilation for compilation in self.build.compilations if sourceOf(compilation)]
+    def markProduct(self, begins):
+        """Marks the sources whose path begins so; the others stay as the build has compiled them."""
+        found = [compilation for compilation in self.build.compilations
+                 if (sourceOf(compilation) or "").startswith(begins) and sourceOf(compilation)]
         texts = self.pool.map(
             lambda compilation: compilation.run(*OPTIONS, "-S", "-o", "-"), found)
         first = {}  # source -> number of its first mutant
         for compilation, text in zip(found, texts):
             source = sourceOf(compilation)
+            self.sources.add(source)
             number = first.setdefault(source, len(self.mutants))
             marker, marked = self.mark(source, number, text)
             known = self.mutants[number:number + len(marker.mutants)]
