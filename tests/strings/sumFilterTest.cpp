@@ -25,8 +25,8 @@ template <typename S>
 class SumFilter : public testing::Test
 {};
 
-using Images = testing::Types<_qvString8_allSize<250>, _qvString<250>>;
-TYPED_TEST_SUITE(SumFilter, Images);
+using FilteredImages = testing::Types<_qvString8_allSize<250>, _qvString<250>>;
+TYPED_TEST_SUITE(SumFilter, FilteredImages);
 
 TYPED_TEST(SumFilter, FindsThePatternThatIsTheTextsEnd)
 {
