@@ -44,9 +44,17 @@ class Build:
         step = next(step for step in self.steps(archive) if archive in step and step[1] == "qc")
         return step[step.index(archive) + 1:]
 
+    def tests(self):
+        """name -> command of each test that is built."""
+        shown = json.loads(run(["ctest", "--test-dir", str(self.folder), "--show-only=json-v1"]))
+        return {test["name"]: test["command"] for test in shown["tests"] if "command" in test}
+
     def testCommands(self):
         """The commands of the tests that are programs of this build's tests."""
-        tests = json.loads(run(["ctest", "--test-dir", str(self.folder), "--show-only=json-v1"]))
-        commands = [test["command"] for test in tests["tests"] if "command" in test]
-        return [command for command in commands
+        return [command for command in self.tests().values()
                 if pathlib.Path(command[0]).is_relative_to(self.folder / "tests")]
+
+    def shellTests(self, program):
+        """The names and commands of the shell's tests that are given a program of the build."""
+        return [(name, command) for name, command in self.tests().items()
+                if str(self.folder / program) in command and "/tests/shell/" in command[1]]

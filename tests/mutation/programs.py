@@ -14,6 +14,7 @@ PRODUCT = ("sender", "qv")
 COPIES = "sender/workingText.cpp"  # of what qvString8.cpp holds, for the tool
 TOOL = "qvNodeDispatch"
 TOOLS_LIBRARY = "qvMusl.dir/"  # what the tool links of the library, compiled for its C library
+STATUS = "qvNodeDispatchStatus"  # its tests are scripts, which are given its path
 
 # Unlike the release build's -O3 this keeps the branches of the source one by one, and what the
 # source fills or copies at once in one run of moves or one call. Later options override earlier.
@@ -89,14 +90,22 @@ class Builder:
         targets = [str(pathlib.Path(command[0]).relative_to(self.build.folder))
                    for command in commands]
         steps = [self.build.linkStep(target) for target in targets]
-        tool = self.build.linkStep(TOOL)
-        linked = sorted({word for step in [tool, *steps] for word in step})
+        tools = [self.build.linkStep(target) for target in (TOOL, STATUS)]
+        linked = sorted({word for step in [*tools, *steps] for word in step})
         self.testsOfTool = self.compileTestsOfTool(linked)
         for archive in linked:
             if archive.endswith(".a") and not archive.startswith("/"):
                 self.pack(archive)
-        self.link(tool, self.ours)
-        return list(self.pool.map(self.program, commands, steps))
+        for tool in tools:
+            self.link(tool, self.ours)
+        scripts = [self.script(*test) for test in self.build.shellTests(STATUS)
+                   if not names or test[0] in names]
+        return [*self.pool.map(self.program, commands, steps), *scripts]
+
+    def script(self, name, command):
+        path = str(self.build.folder / STATUS)
+        return Program(name, self.folder / STATUS,
+                       [f"./{STATUS}" if word == path else word for word in command])
 
     def markProduct(self, begins):
         """Marks the sources whose path begins so; the others stay as the build has compiled them."""

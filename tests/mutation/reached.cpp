@@ -1,6 +1,7 @@
 // Linked into every program that is mutated. Marks which mutants a run comes by: the marks go into
-// the file "reached.map" of the working directory, if there is one, and so outlast forks, programs
-// that are started, and crashes.
+// the file that QV_REACHED_MAP names, if it is there, and so outlast forks, programs that are
+// started, and crashes.
+#include <cstdlib>
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <unistd.h>
@@ -13,7 +14,8 @@ namespace {
 
 [[gnu::constructor]] void shareMap()
 {
-    int const file = open("reached.map", O_RDWR | O_CLOEXEC);
+    char const* const path = getenv("QV_REACHED_MAP");
+    int const file = path == nullptr ? -1 : open(path, O_RDWR | O_CLOEXEC);
     if (file == -1)
         return;
     mmap(qvReached, sizeof qvReached, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_FIXED, file, 0);

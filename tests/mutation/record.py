@@ -124,7 +124,8 @@ def testHash(program, test):
         if name in bodies():
             return hashOf(bodies()[name])
     stem = program.removesuffix("Replay") + "Fuzz" if program.endswith("Replay") else program
-    return hashOf("".join(file.read_text() for file in sorted(TESTS.rglob(f"{stem}.cpp"))))
+    return hashOf("".join(file.read_text() for suffix in ("cpp", "sh")
+                          for file in sorted(TESTS.rglob(f"{stem}.{suffix}"))))
 
 
 def killedBy(program, test):

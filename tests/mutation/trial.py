@@ -117,7 +117,8 @@ class Run:
                 [*APART, *program.command], cwd=folder, stdin=subprocess.DEVNULL, stdout=file,
                 stderr=subprocess.STDOUT, start_new_session=True,
                 env={**os.environ, "GTEST_FAIL_FAST": "1", "GTEST_BRIEF": "1",
-                     "GTEST_FILTER": test})
+                     "GTEST_FILTER": test,
+                     "QV_REACHED_MAP": str(folder.resolve() / "reached.map")})
         # Endless loops end by the time they really used, however busy the machine is.
         cpu = math.ceil(program.cpuLimit)
         resource.prlimit(process.pid, resource.RLIMIT_CPU, (cpu, cpu))
