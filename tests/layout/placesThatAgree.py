@@ -20,6 +20,7 @@ import tempfile
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "model"))
 import rowsCoverMembers  # noqa: E402
+import stringPages  # noqa: E402 found by the one above
 
 ROW = re.compile(r"^\| `([^`]+)` \| ([^|]+) \| ([^|]*)\|$", re.M)
 
@@ -44,8 +45,9 @@ def members(of):
             for path, text in texts.items():
                 if re.fullmatch(r"qv/strings/\w+\.h", path):
                     (pathlib.Path(folder) / pathlib.Path(path).name).write_text(text)
-            known = rowsCoverMembers.classes(pathlib.Path(folder))
-        found = {member for name in of for _, member, _ in rowsCoverMembers.members(known, name)}
+            stringPages.STRINGS = pathlib.Path(folder)
+            stringPages.declarations.cache_clear()
+            found = {member for name in of for _, member, _ in rowsCoverMembers.members(name)}
         return {member for member in found if re.fullmatch(r"(?!operator)\w+", member)}
     return read
 

@@ -45,9 +45,10 @@ ALIAS_HEX = "qvStrings::CastToIntOrUnsignedInt"
 
 
 def capacity(header, width, given, said):
+    tests = f" || qvStrings::isTestCapacity16<{given}>" if width == 16 else ""
     return (f"qv/strings/{header}: error: static assertion failed: {said}",
             f"qv/strings/{header}: error: static_assert failed due to requirement "
-            f"'qvStrings::isCapacity{width}({given})' \"{said}\"")
+            f"'qvStrings::isCapacity{width}({given}){tests}' \"{said}\"")
 
 
 def number(string, member, alias, rest=""):

@@ -26,9 +26,9 @@ inline Run<unsigned short> measuredInline(unsigned short const* text)
     if (text == nullptr)
         return {nullptr, 0};
     for (unsigned at = 0; at < bound; at += step)
-        for (unsigned i = at; i < at + step; ++i)
-            if (text[i] == 0)
-                return {text, i};
+        for (unsigned i = 0; i < step; ++i)
+            if (text[at + i] == 0)
+                return {text, at + i};
     return {text, bound};
 }
 

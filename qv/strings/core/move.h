@@ -39,7 +39,7 @@ void moveLong(unsigned char* target, unsigned char const* source, std::size_t co
 
 /// Moves units; source and target may overlap, and an empty source may be null.
 template <typename Unit>
-void moveUnits(Unit* target, Run<Unit> source)
+[[gnu::always_inline]] inline void moveUnits(Unit* target, Run<Unit> source)
 {
     auto const* const from = reinterpret_cast<unsigned char const*>(source.units);
     auto* const to = reinterpret_cast<unsigned char*>(target);
