@@ -247,7 +247,7 @@ public:
     /// @return True when all three are equal.
     bool operator==(Self const& other) const
     {
-        return equalExact(checkedRef(), other.checkedRef());
+        return equalExact(checkedRef(), other.checkedRef().object());
     }
 
     /// @return The opposite of `operator==`.
@@ -286,14 +286,14 @@ public:
     /// @param other In upper case already, as promised: a lower-case letter never matches.
     bool isEqualUpperCaseInput(Self const& other) const
     {
-        return equalToInput<Case::upperInput>(checkedRef(), other.checkedRef());
+        return equalToInput<Case::upperInput>(checkedRef(), other.checkedRef().object());
     }
 
     /// @return As `operator==` with the lower fold of this string.
     /// @param other In lower case already, as promised: an upper-case letter never matches.
     bool isEqualLowerCaseInput(Self const& other) const
     {
-        return equalToInput<Case::lowerInput>(checkedRef(), other.checkedRef());
+        return equalToInput<Case::lowerInput>(checkedRef(), other.checkedRef().object());
     }
 
     /// @}
@@ -305,7 +305,10 @@ public:
     /// Order ignoring case; of a text and its prefix the shorter comes first.
     /// @param other String to compare with.
     /// @return Below 0 when this string comes first, 0 when neither does, above 0 else.
-    int compare(Self const& other) const { return orderFolded(checkedRef(), other.checkedRef()); }
+    int compare(Self const& other) const
+    {
+        return orderFolded(checkedRef(), other.checkedRef().object());
+    }
 
     /// Exact order over the shorter length and nothing more: a text and its prefix give 0
     /// (intended). `operator<` is an order.

@@ -81,8 +81,9 @@ bool equalExact(TextRef<Unit const> self, Unit first, Run<Unit> other)
 }
 
 template <typename Unit>
-bool equalExact(TextRef<Unit const> self, TextRef<Unit const> other)
+bool equalExact(TextRef<Unit const> self, unsigned char const* otherObject)
 {
+    auto const other = self.beside(otherObject);
     return equalExact(self, other.text()[0], other.run());
 }
 
@@ -93,8 +94,9 @@ bool equalExact(TextRef<char const> self, char const* other)
 }
 
 template <Case mode, typename Unit>
-bool equalToInput(TextRef<Unit const> self, TextRef<Unit const> other)
+bool equalToInput(TextRef<Unit const> self, unsigned char const* otherObject)
 {
+    auto const other = self.beside(otherObject);
     unsigned const length = self.length();
     Unit const first = length == 0 ? self.text()[0] : foldFirst<mode>(self.text()[0]);
     return first == other.text()[0] && length == other.length() &&
@@ -153,10 +155,10 @@ bool ends(TextRef<unsigned short const> self, Run<char> pattern)
 }
 
 template <typename Unit>
-int orderFolded(TextRef<Unit const> self, TextRef<Unit const> other)
+int orderFolded(TextRef<Unit const> self, unsigned char const* otherObject)
 {
     auto const a = self.run();
-    auto const b = other.run();
+    auto const b = self.beside(otherObject).run();
     unsigned const count = std::min(a.count, b.count);
     if (isLong<Unit>(count)) [[unlikely]]
         return orderOfLong(a, b, count);
@@ -173,13 +175,13 @@ int orderFolded(TextRef<Unit const> self, TextRef<Unit const> other)
     template bool equalText<Case::exact>(TextRef<Unit const>, Run<Unit>);                          \
     template bool equalText<Case::folded>(TextRef<Unit const>, Run<Unit>);                         \
     template bool equalExact(TextRef<Unit const>, Unit, Run<Unit>);                                \
-    template bool equalExact(TextRef<Unit const>, TextRef<Unit const>);                            \
-    template bool equalToInput<Case::upperInput>(TextRef<Unit const>, TextRef<Unit const>);        \
-    template bool equalToInput<Case::lowerInput>(TextRef<Unit const>, TextRef<Unit const>);        \
+    template bool equalExact(TextRef<Unit const>, unsigned char const*);                           \
+    template bool equalToInput<Case::upperInput>(TextRef<Unit const>, unsigned char const*);       \
+    template bool equalToInput<Case::lowerInput>(TextRef<Unit const>, unsigned char const*);       \
     template bool begins<Case::exact>(TextRef<Unit const>, Run<Unit>);                             \
     template bool begins<Case::folded>(TextRef<Unit const>, Run<Unit>);                            \
     template bool ends(TextRef<Unit const>, Run<Unit>);                                            \
-    template int orderFolded(TextRef<Unit const>, TextRef<Unit const>);
+    template int orderFolded(TextRef<Unit const>, unsigned char const*);
 
 QV_INSTANTIATE(char)
 QV_INSTANTIATE(unsigned short)

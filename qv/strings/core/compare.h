@@ -64,8 +64,9 @@ template <typename Unit>
 bool equalExact(TextRef<Unit const> self, Unit first, Run<Unit> other);
 
 /// The same of two strings.
+/// @param otherObject A string of the same image, so that one layout serves both.
 template <typename Unit>
-bool equalExact(TextRef<Unit const> self, TextRef<Unit const> other);
+bool equalExact(TextRef<Unit const> self, unsigned char const* otherObject);
 
 /// The same of a zero-terminated text, which has its terminator for a first unit when it is empty.
 /// Null equals no string.
@@ -74,7 +75,7 @@ bool equalExact(TextRef<char const> self, char const* other);
 /// The same with the folded receiver. Only units of the text are folded, not the stale first one of
 /// an empty text.
 template <Case mode, typename Unit>
-bool equalToInput(TextRef<Unit const> self, TextRef<Unit const> other);
+bool equalToInput(TextRef<Unit const> self, unsigned char const* otherObject);
 
 /// Equality of units with bytes, zero-extended.
 bool equalBytes(TextRef<unsigned short const> self, Run<char> bytes);
@@ -136,7 +137,7 @@ bool precedes(TextRef<Unit const> self, TextRef<Unit const> other)
 
 /// Order of whole texts ignoring case: below, at or above 0.
 template <typename Unit>
-int orderFolded(TextRef<Unit const> self, TextRef<Unit const> other);
+int orderFolded(TextRef<Unit const> self, unsigned char const* otherObject);
 
 /// @}
 

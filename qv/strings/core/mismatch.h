@@ -51,7 +51,7 @@ unsigned mismatchByBlocks(Unit const* a, Unit const* b, unsigned count)
 /// Index of the first of `count` units that differs in the given case, or `count`. Made for short
 /// runs.
 template <Case mode, typename Unit>
-unsigned mismatchOfShort(Unit const* a, Unit const* b, unsigned count)
+[[gnu::always_inline]] inline unsigned mismatchOfShort(Unit const* a, Unit const* b, unsigned count)
 {
     std::size_t const bytes = count * sizeof(Unit);
     if (bytes >= 16)

@@ -67,6 +67,9 @@ public:
         return stored;
     }
 
+    /// Another object of the same image.
+    TextRef beside(Byte* object) const { return {object, layout_}; }
+
     /// Units that still fit.
     unsigned room() const { return capacity() - length(); }
 
