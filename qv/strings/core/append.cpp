@@ -6,7 +6,7 @@ namespace qvStrings {
 
 namespace {
 
-/// The text becomes a source that fits or is not to be cut.
+/// The text becomes the source, uncut.
 template <typename Unit, typename Source>
 void place(TextRef<Unit> self, Run<Source> source, Extension extension)
 {
@@ -29,8 +29,8 @@ template <auto work, typename Unit, typename Source>
     work(self, source, extension);
 }
 
-/// Does one of these. Long texts are done in a function of their own: it calls the C library, and
-/// words would have to save registers for a call that they do not make.
+/// Runs `work`, for long texts in a function of its own: it calls the C library, and short texts
+/// would save registers for a call that they do not make.
 template <auto work, typename Unit, typename Source>
 void withWordsFirst(TextRef<Unit> self, Run<Source> source, Extension extension)
 {
@@ -54,8 +54,8 @@ unsigned columns(int width)
     return width < 0 ? 0u - static_cast<unsigned>(width) : static_cast<unsigned>(width);
 }
 
-/// Writes `pad` blanks on the side that the sign of `width` says, and the text by `put(target)`.
-/// Terminator.
+/// Writes `kept` units by `put(target)`, and blanks up to `field` columns on the side that the sign
+/// of `width` says. Terminator.
 template <typename Unit, typename Put>
 void fillField(TextRef<Unit> self, unsigned kept, unsigned field, int width, Put put)
 {
@@ -145,7 +145,7 @@ void appendField(TextRef<Unit> self, Run<char> text, int width)
 {
     if (width == 0 && text.count == 0)
         return;
-    self.storeLength(self.length()); // a damaged one is mended here, so that no blank runs out
+    self.storeLength(self.length()); // a damaged one is cut, so that no blank leaves the text
     unsigned const room = self.room();
     auto const kept = cut(text, room);
     fillField(self, kept.count, std::min(columns(width), room), width,

@@ -3,13 +3,12 @@
 #include "qv/strings/core/extension.h"
 #include "qv/strings/core/textRef.h"
 
-/// A string takes a text: as its own, behind its own, in a field. Compiled once for each pair of
-/// widths (append.cpp) instead of once per capacity; that the compiler does not know the capacity
-/// there also keeps short copies fast, since it expands a copy of known greatest length in place to
-/// slow string instructions.
+/// Assigns a text to a string, or appends it, also in a field. Compiled once for each pair of
+/// widths (append.cpp) instead of once per capacity. This also keeps short copies fast: where the
+/// compiler knows the greatest length of a copy, it expands it to slow string instructions.
 ///
-/// What does not fit is cut at the end. A source may lie inside the object. Bytes become 16-bit
-/// units by the extension, which means nothing to other pairs.
+/// What does not fit is cut at the end. A source may be part of the object. The extension says how
+/// bytes become 16-bit units; other pairs ignore it.
 
 namespace qvStrings {
 
@@ -49,12 +48,12 @@ void appendSome(TextRef<Unit> self, Run<Source> source)
         append(self, source);
 }
 
-/// Appends unit by unit, reading the length of `source` afresh on each step, until it or the
-/// capacity ends. So a text appended to itself repeats until the capacity is full.
+/// Appends like `append`, but as if the length of `source` were read afresh for each unit: a text
+/// appended to itself repeats until the capacity is full.
 template <typename Unit>
 void appendRepeating(TextRef<Unit> self, TextRef<Unit const> source);
 
-/// Puts one unit behind the stored length, without asking for room. Terminator. The length is
+/// Puts one unit behind the stored length, without a check for room. Terminator. The length is
 /// stored last, so that the compiler still knows it when the next unit follows.
 template <typename Unit>
 void putUnit(TextRef<Unit> self, Unit unit)
@@ -74,20 +73,19 @@ void appendUnit(TextRef<Unit> self, Unit unit)
         putUnit(self, unit);
 }
 
-/// The text becomes `count` copies of one unit: below 1 none, else the count modulo 65536.
+/// The text becomes `count` modulo 65536 copies of one unit. A count below 1 changes nothing.
 template <typename Unit>
 void fill(TextRef<Unit> self, Unit unit, int count);
 
-/// Appends a text in a field of |width| columns held inside the capacity: blanks on the left for a
-/// negative width, on the right for a positive one. A longer text is not cut to the field. Width 0
-/// without a text changes nothing at all. Terminator. Bytes are zero-extended.
+/// Appends a text in a field of |width| columns, cut to the room: blanks on the left for a negative
+/// width, on the right for a positive one. A longer text is not cut to the field. Width 0 without a
+/// text changes nothing at all. Terminator. Bytes are zero-extended.
 template <typename Unit>
 void appendField(TextRef<Unit> self, Run<char> text, int width);
 
-/// The same in a field that is NOT held inside the capacity: blanks without room are written past
-/// the text. In the older images they may run over the length itself: each is written where the
-/// length of the moment says, and their count is added to what the length has become. Of 16-bit
-/// units the low bytes count.
+/// The same in a field that is NOT cut to the room: blanks without room are written past the text.
+/// In the older images they may overwrite the length: each is written where the length then says,
+/// and their count is added to the length as it then is. Of 16-bit units the low bytes count.
 template <typename Unit>
 void appendUnboundedField(TextRef<Unit> self, Run<Unit> text, int width);
 

@@ -3,12 +3,12 @@
 #include "qv/strings/core/move.h"
 #include "qv/strings/core/textRef.h"
 
-/// What the core does in place where a call would cost as much as the work. Members call the
+/// Functions that the core inlines, where a call would cost as much as the work. Members call the
 /// compiled forms (append.h, run.h).
 
 namespace qvStrings {
 
-/// `append` in place.
+/// `append` of a source that is not null.
 template <typename Unit, typename Source>
 void appendInline(TextRef<Unit> self, Run<Source> source, Extension extension)
 {
@@ -18,7 +18,7 @@ void appendInline(TextRef<Unit> self, Run<Source> source, Extension extension)
     self.endAt(length + kept.count);
 }
 
-/// `measured` in place.
+/// `measured` of units.
 inline Run<unsigned short> measuredInline(unsigned short const* text)
 {
     constexpr unsigned bound = 1024;

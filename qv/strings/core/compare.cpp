@@ -9,16 +9,16 @@ namespace qvStrings {
 
 namespace {
 
-/// Whether units are enough for blocks of 64 bytes. Fewer are compared without a call.
+/// Whether `count` units fill a block of 64 bytes. Fewer are compared without a call.
 template <typename Unit>
 constexpr bool isLong(unsigned count)
 {
     return count * sizeof(Unit) >= 64;
 }
 
-/// The first place that differs in long runs. Most that begin with the same bytes
-/// are the same, and nothing tells that as fast as memcmp does. An input that was promised to be in
-/// upper case may break the promise: then the same bytes differ.
+/// Index of the first unit that differs in long runs, or `count`. Most runs that begin with the
+/// same bytes are equal, and memcmp is the fastest to see it. Not for an input that was promised in
+/// upper case: where it breaks the promise, equal bytes differ.
 template <Case mode, typename Unit>
 [[gnu::noinline]] unsigned mismatchOfLong(Unit const* a, Unit const* b, unsigned count)
 {
@@ -28,7 +28,8 @@ template <Case mode, typename Unit>
     return mismatchByBlocks<mode, 16, 4>(a, b, count);
 }
 
-/// The order of two texts of which `count` units are compared and the one at `at` differs first.
+/// The order of two texts whose first `count` units were compared: the first that differs is at
+/// `at`, or none when `at` is `count`.
 template <typename Unit>
 int orderAt(unsigned at, Run<Unit> self, Run<Unit> other, unsigned count)
 {

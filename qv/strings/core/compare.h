@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <cstring>
 
-/// Comparisons that both widths share. No unit of either side is read when a count is 0. Compiled
-/// once per unit type (compare.cpp).
+/// Comparisons, most of them compiled once per unit type (compare.cpp). No unit of either side is
+/// read when a count is 0, but for the first ones that `equalExact` and `equalToInput` compare.
 
 namespace qvStrings {
 
@@ -68,8 +68,8 @@ bool equalExact(TextRef<Unit const> self, Unit first, Run<Unit> other);
 template <typename Unit>
 bool equalExact(TextRef<Unit const> self, unsigned char const* otherObject);
 
-/// The same of a zero-terminated text, which has its terminator for a first unit when it is empty.
-/// Null equals no string.
+/// The same of a zero-terminated text; the first unit of an empty one is its terminator. Null
+/// equals no string.
 bool equalExact(TextRef<char const> self, char const* other);
 
 /// The same with the folded receiver. Only units of the text are folded, not the stale first one of
@@ -94,8 +94,8 @@ bool equalFirstHalf(TextRef<unsigned short const> self, Run<unsigned short> othe
 /// sign-extended.
 /// @{
 
-/// True when a pattern of `count` units can be there. One unsigned 16-bit comparison tells: 0 wraps
-/// to 65535 and fails with the patterns that are too long.
+/// True when `count` is neither 0 nor above the length, in one unsigned 16-bit comparison: 0 wraps
+/// to 65535 and fails as too long.
 template <typename Unit>
 bool holdsPattern(TextRef<Unit const> self, unsigned count)
 {
@@ -118,8 +118,8 @@ bool ends(TextRef<unsigned short const> self, Run<char> pattern);
 /// By the stored bytes of as many units as both have: below, at or above 0.
 /// @{
 
-/// Exact, and nothing more: a text and its prefix are equal. Inline, as is the next one: both end
-/// in a call of memcmp, and another one around it would cost as much.
+/// Exact: a text and its prefix are equal. Inline, as is the next one: both end in a call of
+/// memcmp, and a second call would cost as much.
 template <typename Unit>
 int orderOfCommon(TextRef<Unit const> self, TextRef<Unit const> other)
 {

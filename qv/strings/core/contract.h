@@ -2,9 +2,10 @@
 
 #include <initializer_list>
 
-// A unit compiled with QV_CHECKED and one compiled without it may meet in one program. What checks
-// has other names in the first one, so that the linker never takes a member of one for the other's;
-// the strings themselves have the same name in both, since the library's functions take them.
+// A source file compiled with QV_CHECKED and one compiled without it may meet in one program. The
+// members that check have other names in the first one, so that the linker never takes a member of
+// one for the other's; the strings themselves have the same name in both, since the library's
+// functions take them.
 
 /// QV_MEMBER_NAMESPACE holds the classes that the strings are built of. QV_CHECKS marks each member
 /// of a string itself that checks, directly or through another member.
@@ -18,9 +19,9 @@
 
 namespace QV_MEMBER_NAMESPACE {
 
-/// Whether calls outside a member's contract end the program instead of doing what is laid down
-/// for them. Defined by the build option of the same name or by the user's own build; neither the
-/// library nor the rest of a program need be built with it.
+/// Whether a call outside a member's contract ends the program, instead of doing what the member's
+/// comment says. QV_CHECKED is defined by the build option of the same name or by the user's own
+/// build; neither the library nor the rest of a program need be built with it.
 #ifdef QV_CHECKED
 inline constexpr bool isChecked = true;
 #else

@@ -20,12 +20,12 @@ bool isBlank(Unit unit)
 }
 
 /// Moves the units that do not equal `unit` to the start of the text.
-/// @return How many they are.
+/// @return Their count.
 template <typename Unit>
 unsigned keepOthers(Unit* text, unsigned count, Unit unit)
 {
     using Block = Lanes<Unit, 16>;
-    constexpr unsigned shortText = 64; // is not worth a copy
+    constexpr unsigned shortText = 64; // anything shorter is not worth a copy
     Unit copy[maxCapacityOf<Unit>];
     Unit const* source = text;
     Sieve<Case::folded, Unit> const one(unit);
@@ -35,8 +35,9 @@ unsigned keepOthers(Unit* text, unsigned count, Unit unit)
         kept = at = indexOfUnit<Case::folded>(Run<Unit>{text, count}, unit);
         moveUnits(copy + at, Run<Unit>{text + at, count - at});
         source = copy;
-        // Each stretch between two places is written as a whole block: the next one overwrites what
-        // is too much. So the last block is left to the single units.
+        // Each stretch between two removed units is copied as a whole block, and the next copy
+        // overwrites the surplus. A copy may reach into the next block, so the last block is done
+        // unit by unit.
         BlockSieve<Case::folded, 16, Unit> const block(one);
         at = overBlocks<Block::size>(at, count - Block::size, [&](unsigned i) {
             unsigned from = i;
@@ -54,7 +55,7 @@ unsigned keepOthers(Unit* text, unsigned count, Unit unit)
     }
     for (; at < count; ++at) {
         Unit const each = source[at];
-        text[kept] = each; // without a branch: the next unit overwrites one that goes
+        text[kept] = each; // without a branch: the next unit overwrites a removed one
         kept += one.difference(each) != 0;
     }
     return kept;
@@ -86,7 +87,7 @@ void calcLength(TextRef<Unit> self)
     else
         length = indexOfUnit<Case::exact, Unit>(text, 0);
     self.storeLength(length);
-    // Mostly it is there. To write it again would delay a read of the units around it.
+    // Most texts have it already, and a store would delay the next read of the units around it.
     if (self.text()[length] != 0)
         self.text()[length] = 0;
 }
@@ -151,8 +152,8 @@ void removeUnit(TextRef<Unit> self, Unit unit)
     unsigned const kept = keepOthers(text, length, unit);
     if (kept == length)
         return;
-    // As if the units were removed one by one from the end: each removal left a terminator behind
-    // the text of the moment, but for the last one of a text that ends empty.
+    // As if the units were removed one by one from the end: each removal writes a terminator behind
+    // the text, unless the text becomes empty.
     zeroUnits(text + kept, length - kept);
     if (kept == 0)
         text[0] = stale;

@@ -2,7 +2,7 @@
 
 #include "qv/strings/core/textRef.h"
 
-/// A text changed where it is: its length, the units behind it, its single units.
+/// Edits that need no second text: of the length, of the units behind it, of single units.
 
 namespace qvStrings {
 
@@ -20,7 +20,7 @@ void clearUnused(TextRef<Unit> self);
 template <typename Unit>
 void calcLength(TextRef<Unit> self);
 
-/// Sets the length to `length` held between 0 and the capacity. Terminator; no other unit moves,
+/// Sets the length to `length`, clamped to 0 and the capacity. Terminator; no other unit changes,
 /// so a greater length exposes the units behind the old one.
 template <typename Unit>
 void setLength(TextRef<Unit> self, int length);
@@ -35,7 +35,7 @@ void makeUpper(TextRef<Unit> self);
 template <typename Unit>
 void makeLower(TextRef<Unit> self);
 
-/// Makes every unit equal to `from`, ignoring case, `to` as given, zero included.
+/// Replaces every unit that equals `from`, ignoring case, by `to`, which may be zero.
 template <typename Unit>
 void replaceUnit(TextRef<Unit> self, Unit from, Unit to);
 

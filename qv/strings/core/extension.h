@@ -2,7 +2,8 @@
 
 namespace qvStrings {
 
-/// How a byte from 0x80 up becomes a 16-bit unit; fixed member by member. A byte stays a byte.
+/// How a byte from 0x80 up becomes a 16-bit unit; each member says which. In an 8-bit string it
+/// stays a byte.
 enum class Extension
 {
     sign, ///< 0xE4 becomes 0xFFE4.

@@ -12,8 +12,8 @@ namespace qvStrings {
 
 namespace {
 
-/// The places where the pattern may still be: each span of the text is as long as the pattern. Two
-/// words, as a `Run` is, so that both travel in registers.
+/// Where in the text the pattern may still be: the first and the last span, each as long as the
+/// pattern. Two words, as a `Run` is, so that both are passed in registers.
 template <typename Unit>
 struct Spans
 {
@@ -88,7 +88,7 @@ unsigned tellingPlace(Run<Unit> pattern)
                                                                 : pattern.count / 2;
 }
 
-/// Tells most spans of a text apart by two of their units, a block of `size` spans at a time: the
+/// Refuses most spans of a text by two of their units, a block of `size` spans at a time: the
 /// first unit, and one that moves to where the last refused span differed, since in periodic text
 /// the next ones differ there too.
 template <Case mode, unsigned size, typename Unit>
@@ -178,9 +178,9 @@ template <Case mode, typename Unit>
     return -1;
 }
 
-/// The search where spans look alike: one has differed at `place`. A sieve that learns helps, and
-/// where even that lets too many through the sum filter, which reads each unit once however much
-/// the spans are alike, but for spans of equal sums: these it compares.
+/// The search where spans look alike: one has differed at `place`. The sieve learns from each
+/// refused span. When it still lets too many through, the sum filter searches on: it compares only
+/// spans of equal sums, however much the others are alike.
 template <Case mode, unsigned size, typename Unit>
 int findAmongAlike(Spans<Unit> spans, Run<Unit> pattern, Unit const* text, unsigned place)
 {

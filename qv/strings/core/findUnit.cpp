@@ -17,8 +17,8 @@ unsigned indexOfByte(Run<char> text, char byte)
                             : static_cast<unsigned>(static_cast<char const*>(found) - text.units);
 }
 
-/// The first place of a letter in either case. Nothing finds a byte as fast as memchr does, so it
-/// looks for both; a piece at a time, since the one case may be near and the other far off.
+/// Index of the first such letter in either case, or the count: memchr, which is fastest, runs once
+/// for each case. In pieces, since one case may be near and the other far off.
 unsigned indexOfLetter(Run<char> text, char letter)
 {
     constexpr unsigned piece = 2048;
@@ -99,7 +99,8 @@ int countUnit(TextRef<Unit const> self, Unit unit)
     // The last block reaches back into the one before it, so only its last lanes count.
     unsigned const rest = count % Block::size;
     Block counts = Block::all(0) - (places(count - Block::size) & Block::lastLanes(rest));
-    constexpr unsigned stretch = 254 * Block::size; // what a lane of one byte still can count
+    constexpr unsigned stretch =
+        254 * Block::size; // with the last block 255, the most a byte counts
     unsigned found = 0;
     for (unsigned at = 0; at < count - rest;) {
         at = overBlocks<Block::size>(at, std::min(count, at + stretch), [&](unsigned i) {

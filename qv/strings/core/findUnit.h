@@ -10,8 +10,8 @@ namespace qvStrings {
 template <Case mode, typename Unit>
 unsigned indexOfUnit(Run<Unit> text, Unit unit);
 
-/// First place of one unit. `start` is used when it is inside the text, any other searches from
-/// 0: a start at or behind the end does not fail.
+/// First place of one unit at or behind `start`. A start outside the text means 0, even one behind
+/// its end.
 /// @return The place, counted from 0, or -1.
 template <Case mode, typename Unit>
 int findUnit(TextRef<Unit const> self, Unit unit, int start);

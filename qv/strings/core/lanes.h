@@ -7,7 +7,7 @@
 #include <limits>
 #include <type_traits>
 
-#ifdef QV_PLAIN_LANES // what other processors take, for the tests of this one
+#ifdef QV_PLAIN_LANES // tests the code of all other processors on this one
 #elif defined(__SSE2__)
 #include <emmintrin.h>
 #define QV_LANES_SSE2
@@ -16,10 +16,9 @@
 #define QV_LANES_NEON
 #endif
 
-/// Several neighbouring units at once, in what compilers call a vector: one step on all of them
-/// costs what a step on one does. All processors share this but for one function, `laneBits()`:
-/// SSE2, which every x86-64 machine has, NEON, which every aarch64 machine has, and what any
-/// compiler makes of plain integers.
+/// Several neighbouring units at once, in a vector of the compiler: a step on all of them costs as
+/// much as a step on one. Only `laneBits()` depends on the processor: it uses SSE2, which every
+/// x86-64 machine has, NEON, which every aarch64 machine has, or plain integers.
 
 namespace qvStrings {
 
@@ -55,8 +54,8 @@ unsigned laneBits(LaneMask first, LaneMask second)
     return vaddvq_u16(vreinterpretq_u16_u8(pairs));
 #else
     // A product moves the lowest bits of all lanes of an integer next to each other into its
-    // highest lane: the bit of lane i meets the factor's bit that lies i lanes below the highest
-    // one, and i bits above. No two bits of the product meet, so nothing is carried.
+    // highest lane: the bit of lane i is multiplied by the factor's bit that is i lanes below the
+    // highest one, and i bits above. No two bits of the product meet, so nothing is carried.
     constexpr bool isWide = laneSize == 2;
     constexpr unsigned count = 8 / laneSize;
     constexpr unsigned long long lowest = isWide ? 0x0001000100010001 : 0x0101010101010101;
@@ -75,7 +74,7 @@ unsigned laneBits(LaneMask first, LaneMask second)
 #endif
 }
 
-/// From byte `n` on: 16 bytes of which the last `n` have all bits.
+/// The 16 bytes from byte `n` on end with `n` bytes of ones.
 alignas(16) inline constexpr unsigned char onesBehindZeros[32] = {
     0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,    0,
     0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF};

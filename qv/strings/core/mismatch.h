@@ -6,8 +6,8 @@
 #include <bit>
 #include <cstddef>
 
-/// The first place where two runs of units differ: folded comparisons and searches use it. Inline
-/// for short runs, so that a search which verifies a span calls nothing.
+/// Finds the first place where two runs of units differ, for folded comparisons and searches.
+/// Inline for short runs, so that a search calls no function to compare a span.
 
 namespace qvStrings {
 
@@ -22,9 +22,9 @@ Lanes<Unit, bytes> difference(Unit const* a, Unit const* b)
         return Block(a).template foldedFirst<mode>() ^ Block(b);
 }
 
-/// Index of the first unit that differs, or `count`. Goes so many blocks at a time, which is at
-/// most `count`; the last step reaches back into the one before it, so that no unit is taken by
-/// itself.
+/// Index of the first unit that differs, or `count`. Compares so many blocks at a time, together at
+/// most `count` units; the last step reaches back into the one before it, so that no unit is
+/// compared singly.
 template <Case mode, unsigned bytes, unsigned blocks, typename Unit>
 unsigned mismatchByBlocks(Unit const* a, Unit const* b, unsigned count)
 {

@@ -7,9 +7,9 @@
 #include <array>
 #include <cstddef>
 
-/// Runs of bytes and units brought from one place to another, and across the widths: plain cuts and
-/// extensions of single units, no encoding. Nothing here knows strings. Inline, even where
-/// the compiler would call, because most texts are words: a call costs more than their move.
+/// Moves runs of units, also between the widths: each unit is cut or extended, nothing is encoded.
+/// Nothing here knows strings. Inline even where the compiler would call, because most texts are so
+/// short that a call would cost more than the move.
 
 namespace qvStrings {
 
@@ -19,8 +19,8 @@ inline constexpr std::size_t longestInline = 32;
 /// The C library uses string instructions for longer runs only, on any machine.
 inline constexpr std::size_t stringInstructions = 2048;
 
-/// Moves `size` bytes at either end of a run of at least `size` and at most twice as many: both
-/// are loaded before one of them is stored, so the ranges may overlap.
+/// Moves a run of `size` to 2 * `size` bytes by its first and its last `size`: both are loaded
+/// before one of them is stored, so the ranges may overlap.
 template <std::size_t size>
 void moveEnds(unsigned char* target, unsigned char const* source, std::size_t count)
 {
@@ -33,8 +33,8 @@ void moveEnds(unsigned char* target, unsigned char const* source, std::size_t co
 }
 
 /// Moves a run in pieces too short for string instructions, which are 20 times slower where the
-/// target lies a few bytes above the source in its page. In one piece where the target begins
-/// inside the source: a later piece would read what an earlier one has written.
+/// target is a few bytes above the source in its page. In one piece where the target begins inside
+/// the source: a later piece would read units that an earlier one has written.
 void moveLong(unsigned char* target, unsigned char const* source, std::size_t count);
 
 /// Moves units; source and target may overlap, and an empty source may be null.
@@ -61,7 +61,7 @@ template <typename Unit>
         *to = *from;
 }
 
-/// Zeroes `size` bytes at either end of a run of at least `size` and at most twice as many.
+/// Zeroes a run of `size` to 2 * `size` bytes by its first and its last `size`.
 template <std::size_t size>
 void zeroEnds(unsigned char* target, std::size_t count)
 {
@@ -97,7 +97,7 @@ void widenBy(unsigned short* target, Run<char> source)
                    [](char byte) { return unitOf<unsigned short>(byte, extension); });
 }
 
-/// The same by an extension that is chosen once and not for each unit.
+/// The same by an extension, looked at once and not for each unit.
 inline void widen(unsigned short* target, Run<char> source, Extension extension)
 {
     if (extension == Extension::zero)
@@ -120,7 +120,7 @@ inline void keepLowBytes(unsigned short* target, Run<unsigned short> source)
                    [](unsigned short unit) { return static_cast<unsigned short>(unit & 0xFF); });
 }
 
-/// Brings a source into a string, whatever the widths of both.
+/// Writes a source of either width into a string of either width.
 template <typename Unit>
 [[gnu::always_inline]] inline void write(Unit* target, Run<Unit> source, Extension)
 {

@@ -32,7 +32,7 @@ private:
     unsigned length_;
 };
 
-/// Appends a number, formatted in its place where it surely fits.
+/// Appends a number, formatted in its place when there is room for the longest one.
 template <typename Unit, typename Number>
 void appendDecimal(TextRef<Unit> self, Number value)
 {
@@ -85,8 +85,8 @@ bool passes(TextRef<Unit const> self, bool* ok)
     return ok == nullptr || (*ok = isNumber(self.run()));
 }
 
-/// `atoi` and `atoll` as most C libraries have them: beyond their range some wrap, while `strtol`
-/// ends at the limit of a long everywhere. Of that number the low 32 bits are the result.
+/// `atoi` and `atoll`, with one result on all machines: beyond their range some C libraries wrap,
+/// while `strtol` ends at the limit of a long everywhere. An int is its low 32 bits.
 int decimalInt(char const* text)
 {
     return static_cast<int>(std::strtol(text, nullptr, 10));
@@ -97,8 +97,8 @@ long long decimalInt64(char const* text)
     return std::strtoll(text, nullptr, 10);
 }
 
-/// The check and the conversion. What is converted is the stored text, up to a zero byte: an
-/// empty string with stale digits reads them, as required.
+/// Checks and converts. The conversion reads the stored text up to a zero byte, so an empty string
+/// with stale digits gives them, as required.
 template <typename Number>
 Number toNumber(TextRef<char const> self, bool* ok, Number (*convert)(char const*))
 {

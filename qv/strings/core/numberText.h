@@ -29,7 +29,8 @@ void appendNumberField(TextRef<Unit> self, long long value, int width);
 void appendHex(TextRef<char> self, unsigned value, unsigned minDigits, bool lastTwo);
 
 /// `atoi` of the text. With `ok` each unit has to be a digit, or '-' at position 0, else *ok is
-/// false and the result 0; the empty text passes. Of units the first 249 count, by their low bytes.
+/// false and the result 0; the empty text passes. A 16-bit text counts with the low bytes of its
+/// first 249 units.
 int toInt(TextRef<char const> self, bool* ok);
 int toInt(TextRef<unsigned short const> self, bool* ok);
 
@@ -38,7 +39,7 @@ long long toInt64(TextRef<char const> self, bool* ok);
 
 /// Reads a field of bits / 4 hex digits from the start of the text and, with `cutDigits`, removes
 /// it. As signed: *ok tells whether a value was read and `bits` is 8, 16 or 32, to which it is
-/// sign-extended; else 0. As unsigned: `strtoll`, with *ok true whatever stood there (intended).
+/// sign-extended; else 0. As unsigned: `strtoll`, with *ok true whatever the text (intended).
 /// `ok` may be null.
 long long toIntFromHex(TextRef<char> self, int bits, bool asSigned, bool cutDigits, bool* ok);
 

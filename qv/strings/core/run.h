@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-/// The texts that members take, brought to one form before the core works on them.
+/// One form for all texts that members pass to the core.
 
 namespace qvStrings {
 

@@ -3,13 +3,13 @@
 #include "qv/strings/core/compare.h"
 #include "qv/strings/core/lanes.h"
 
-/// The units of a text that equal one unit: found singly, and a block of them at once. Searches,
-/// counts and replacements of a unit, and the search for texts, all ask here.
+/// Finds the units of a text that equal one unit, singly or a block at a time. All searches, counts
+/// and edits of one unit use it, and the search for texts does.
 
 namespace qvStrings {
 
-/// Finds the units that equal one unit in the given case, by their bits under a mask: it drops the
-/// bit between the cases of a letter, so that nothing needs folding.
+/// Compares units with one unit in the given case. A mask drops the bit in which the cases of a
+/// letter differ, so that no unit needs folding.
 template <Case mode, typename Unit>
 struct Sieve
 {
@@ -18,8 +18,7 @@ struct Sieve
 
     explicit Sieve(Unit unit) : wanted(foldSecond<mode>(unit)), mask(static_cast<Unit>(~0))
     {
-        // A lower-case letter that was promised to be in upper case keeps the bit: nothing equals
-        // it.
+        // A wanted letter in lower case, promised in upper case, keeps the bit: nothing equals it.
         bool const isLetter = foldLower(wanted) != foldUpper(wanted);
         if (mode != Case::exact && isLetter)
             mask = static_cast<Unit>(~('a' ^ 'A'));
@@ -67,7 +66,7 @@ private:
 
 /// Calls `work` with the index of each whole block of `size` units from `begin` on, for as long as
 /// it returns true.
-/// @return Where it stopped: the block refused, or the rest that makes no block.
+/// @return Index of the block for which it returned false, or of the rest that fills no block.
 template <unsigned size, typename Work>
 unsigned overBlocks(unsigned begin, unsigned end, Work work)
 {

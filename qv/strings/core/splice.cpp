@@ -48,7 +48,7 @@ void rebuild(TextRef<Unit> self, unsigned head, Run<Unit> middle, long long tail
     auto const middleKept = cut(middle, capacity - headKept);
     unsigned const tailAt = headKept + middleKept.count;
     unsigned const tailKept = std::min(tailCount, capacity - tailAt);
-    // The tail leaves before the middle may overwrite it; the head is in its place already.
+    // The tail moves first, since the middle may overwrite it; the head is in its place already.
     copyOut<Unit>(self, tailFrom, tailKept, self.text() + tailAt);
     moveUnits(self.text() + headKept, middleKept);
     unsigned const length = tailAt + tailKept;
@@ -57,8 +57,8 @@ void rebuild(TextRef<Unit> self, unsigned head, Run<Unit> middle, long long tail
         self.terminate();
 }
 
-/// Cuts `count` units at `at` and puts in `text`. The object itself as `text` counts as what it
-/// holds when its turn comes: its own head.
+/// Replaces `count` units at `at` by `text`. When `text` is the object itself, only its first `at`
+/// units count.
 template <typename Unit>
 void splice(TextRef<Unit> self, int at, unsigned count, TextRef<Unit const> text)
 {
@@ -68,8 +68,8 @@ void splice(TextRef<Unit> self, int at, unsigned count, TextRef<Unit const> text
     rebuild(self, head, middle, static_cast<long long>(at) + count, self.length() - head - count);
 }
 
-/// Writes a text that begins with the pattern to `target`, each pattern replaced, at most `room`
-/// units. What the units written leave no room for is cut from the text before it is searched on.
+/// Replaces each pattern in a text that begins with one, and writes the result to `target`, at most
+/// `room` units. The text is cut to the room that is left before each further search.
 /// @param target May be the start of the text, unless the replacement is longer than the pattern.
 /// @return Units written.
 template <Case mode, typename Unit>
@@ -95,8 +95,8 @@ unsigned writeReplaced(Run<Unit> text, Run<Unit> pattern, Run<Unit> replacement,
     return static_cast<unsigned>(target - begin);
 }
 
-/// The same from a copy of the text, for a replacement that would overtake what is still to be
-/// read.
+/// The same from a copy of the text, for a replacement longer than the pattern: its writing would
+/// overtake the reading.
 template <Case mode, typename Unit>
 [[gnu::noinline]] unsigned writeReplacedCopy(Run<Unit> text, Run<Unit> pattern,
                                              Run<Unit> replacement, Unit* target, unsigned room)
@@ -106,8 +106,8 @@ template <Case mode, typename Unit>
     return writeReplaced<mode>({copy, text.count}, pattern, replacement, target, room);
 }
 
-/// Writes the units that are left behind a text which lost `step` units a time, from `former`
-/// units down to `length`: each time the last units stayed behind the new terminator.
+/// Writes the units behind a text that shrank from `former` to `length` units, `step` at a time:
+/// each time the last units stay where they were, behind a new terminator.
 template <typename Unit>
 void leaveBehind(Unit* text, unsigned former, unsigned length, unsigned step)
 {
@@ -120,8 +120,8 @@ void leaveBehind(Unit* text, unsigned former, unsigned length, unsigned step)
         text[0] = first; // no terminator in a text without units
 }
 
-/// Replaces every pattern, the first one at `at`. The result is that of replacing one after the
-/// other, to the units behind the text, in one pass.
+/// Replaces every pattern, the first one at `at`, in one pass. The result is the same as replacing
+/// one after the other, the units behind the text included.
 template <Case mode, typename Unit>
 void replaceFrom(TextRef<Unit> self, unsigned at, Run<Unit> pattern, Run<Unit> replacement)
 {
@@ -168,7 +168,7 @@ void replaceAll(TextRef<Unit> self, TextRef<Unit const> pattern, TextRef<Unit co
     int const at = find<mode, Unit>(self, pattern.run(), 0);
     if (at < 0)
         return;
-    if (same(self, replacement)) // ends the search: it would go on behind the end
+    if (same(self, replacement)) // only once: the search would go on behind the end
         splice(self, at, pattern.length(), replacement);
     else
         replaceFrom<mode>(self, static_cast<unsigned>(at), pattern.run(), replacement.run());
@@ -191,7 +191,7 @@ void insert(TextRef<Unit> self, int position, TextRef<Unit const> text)
 void removeField(TextRef<char> self, int digits)
 {
     unsigned const rest = self.length() - static_cast<unsigned>(digits);
-    self.storeLength(0); // ahead of the move, since a negative field moves the length bytes in
+    self.storeLength(0); // before the move: a negative field moves the length bytes into the text
     rebuild<char>(self, 0, {self.text(), 0}, digits, rest);
 }
 

@@ -7,7 +7,7 @@
 
 namespace qvStrings {
 
-/// The greatest capacity of all fixed strings, in units: what a copy on the stack must hold.
+/// The greatest capacity of all fixed strings, in units: a copy on the stack must hold so many.
 constexpr unsigned maxCapacity = 5000;
 
 /// The same of the 16-bit strings alone.
@@ -17,8 +17,8 @@ constexpr unsigned maxWideCapacity = 2500;
 template <typename Unit>
 constexpr unsigned maxCapacityOf = sizeof(Unit) == 1 ? maxCapacity : maxWideCapacity;
 
-/// Where the parts of a fixed string lie in its object. Offsets and size in bytes, the capacity
-/// in units. Eight bytes, so that a TextRef travels in two registers.
+/// Where the parts of a fixed string are in its object. Offsets and size in bytes, the capacity in
+/// units. Eight bytes, so that a TextRef is passed in two registers.
 struct Layout
 {
     unsigned short textAt;
@@ -51,7 +51,7 @@ public:
     Byte* object() const { return object_; }
     Layout const& layout() const { return layout_; }
 
-    /// The length, at most the capacity. Strings lie in shared records, so another process may have
+    /// The length, at most the capacity. Strings are in shared records, so another process may have
     /// written any number there: this bound keeps every member inside the object.
     unsigned length() const
     {

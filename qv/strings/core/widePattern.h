@@ -5,7 +5,7 @@
 
 namespace qvStrings {
 
-/// A pattern of bytes as the units that a 16-bit text is searched for: sign-extended.
+/// A pattern of bytes, sign-extended to the units of the 16-bit text that is searched.
 class WidePattern
 {
 public:
