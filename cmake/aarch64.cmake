@@ -1,4 +1,4 @@
-# A Linux machine with another processor, whose programs qemu runs: g++-aarch64-linux-gnu,
+# A Linux machine with another processor; qemu runs its programs. Needs g++-aarch64-linux-gnu and
 # qemu-user.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR aarch64)

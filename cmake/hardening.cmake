@@ -1,7 +1,7 @@
-# What the compiler and the linker can put between a defect and its use, for the programs of the
-# release: a checked return address, checked calls of the C library where the size of their target is
-# known, stacks that cannot step over their guard page, marked targets of jumps, and tables of
-# addresses that are read-only before main.
+# Protections that the compiler and the linker add to the programs of the release, so that a defect is
+# harder to use: a checked return address, checked calls of the C library where the size of their
+# target is known, stacks that cannot step over their guard page, marked targets of jumps, and tables
+# of addresses that are read-only before main.
 #
 # The programs pay nothing for it. Whole runs of `qvNodeDispatch abort` in turns, two copies of each,
 # 5,000 times without a client and 3,000 with one, g++ 12.2:
@@ -12,11 +12,11 @@
 #
 # With it the tool runs 62,911 instructions instead of 62,870, and the same system calls.
 #
-# The library is left out: there it shows. Least times over eight processes of `qvBench` in turns,
+# The library is left out: there it costs time. Least times over eight processes of `qvBench` in turns,
 # where two copies of one program differ by up to 6 %: all of it costs 10 to 16 % in `construct`, short
 # `assign` and `listFind`, and 23 to 45 % in `narrow16`; without the stack protector `construct`,
 # `trim16` and `textToNumber` still take 8 to 14 % longer. The median of the 266 rows is 1.00 both
-# times. Its loops are also what the tests watch with sanitizers and fuzzers.
+# times. The tests check its loops with sanitizers and fuzzers.
 include(CheckCXXCompilerFlag)
 include(CheckLinkerFlag)
 

@@ -1,6 +1,5 @@
-# What `cmake --install` lays down, in three components: tool for the nodes, dev for programs that
-# use the library, doc for who writes them. Nothing in it knows where it lies, so the whole can be
-# moved.
+# `cmake --install`, in three components: tool for the nodes, dev for programs that use the library,
+# doc for their authors. No installed file knows its place, so the whole can be moved.
 set(share ${CMAKE_INSTALL_DATAROOTDIR})
 set(toolDocs ${share}/doc/qvnodedispatch)
 set(devDocs ${share}/doc/libqv-dev)
@@ -8,7 +7,7 @@ set(docDocs ${share}/doc/libqv-doc)
 set(qvPackage ${CMAKE_INSTALL_LIBDIR}/cmake/qv)
 set(pkgConfig ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
-# The library: its folder as it stands.
+# The library, and its folder as it is.
 install(TARGETS qv EXPORT qv ARCHIVE COMPONENT dev LIBRARY COMPONENT dev)
 install(DIRECTORY qv ${PROJECT_BINARY_DIR}/include/qv TYPE INCLUDE COMPONENT dev
     FILES_MATCHING PATTERN "*.h")
@@ -32,15 +31,15 @@ endif()
 if(APPLE)
     set(qvSystemLibraries " -framework CoreFoundation")
 endif()
-if(BUILD_SHARED_LIBS) # a shared library brings them itself
+if(BUILD_SHARED_LIBS) # a shared library links them
     set(qvPrivateLibraries "${qvSystemLibraries}")
     unset(qvSystemLibraries)
 endif()
 configure_file(cmake/qv.pc.in qv.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/qv.pc DESTINATION ${pkgConfig} COMPONENT dev)
 
-# The documents lie to each other as in the tree, so that their links hold; the tool's too, below. A
-# link to what stays behind becomes text.
+# The documents are in the same places relative to each other as in the tree, so that their links
+# hold; the tool's too, below. A link to a file that is not installed becomes text.
 function(qv_keep_links folder component)
     cmake_path(ABSOLUTE_PATH folder BASE_DIRECTORY "\${CMAKE_INSTALL_PREFIX}")
     install(CODE "set(documents \"\$ENV{DESTDIR}${folder}\")
@@ -53,7 +52,7 @@ install(FILES README.md CHANGELOG.md DESTINATION ${devDocs} COMPONENT dev)
 install(FILES LICENSE RENAME copyright DESTINATION ${devDocs} COMPONENT dev) # Debian's name for it
 qv_keep_links(${devDocs} dev)
 
-# What explains the library: the API reference where it is built, its manual pages and examples.
+# The library's documentation: the API reference if it is built, manual pages and examples.
 if(QV_REFERENCE)
     install(DIRECTORY ${QV_REFERENCE}/ DESTINATION ${docDocs}/html COMPONENT doc)
 endif()
@@ -67,7 +66,7 @@ if(NOT QV_BUILD_TOOL)
     return()
 endif()
 
-# The tool, and what goes with it in a shell.
+# The tool, its manual pages, and its completions for shells.
 install(TARGETS qvNodeDispatch qvNodeDispatchStatus mailboxView RUNTIME COMPONENT tool)
 install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tool
     FILES_MATCHING PATTERN "*.1")

@@ -1,10 +1,10 @@
 # Runs at the installation of a component. The documents in its folder (documents) keep their links to
-# what lies there; a link that leads to anything else becomes its text and says where to look.
+# files there; any other link becomes its text and says where to look.
 file(GLOB_RECURSE pages ${documents}/*.md)
 foreach(page IN LISTS pages)
     cmake_path(GET page PARENT_PATH folder)
     file(READ ${page} text)
-    # Two that have another place here.
+    # Two files that have another place here.
     string(REPLACE "](LICENSE)" "](copyright)" written "${text}")
     string(REPLACE "](debugger/" "](../../qv/debugger/" written "${written}")
     string(REGEX MATCHALL "\\[[^]]+\\]\\([^):#]+(#[^)]*)?\\)" links "${written}")

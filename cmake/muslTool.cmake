@@ -1,6 +1,6 @@
-# The tools for the nodes are linked with musl where it is installed (Debian's musl-dev). What a
-# run costs beyond its system calls is nearly all the start of the C library, and that of musl is
-# short. The library, the view and the tests stay with the machine's own C library.
+# The tools for the nodes are linked with musl where it is installed (Debian's musl-dev). Beyond its
+# system calls, nearly all of a run is the start of the C library, and musl starts fast. The library,
+# the view and the tests stay with the machine's own C library.
 #
 # A program's objects are all compiled against the headers of the C library that it is linked
 # with: structures, macros and inline functions are each library's own. So the sources of libqv
@@ -22,13 +22,12 @@
 #     glibc, static-pie            3.5             518          60,535           26             27
 #     glibc, dynamic, minimal C    5.0             735         112,370           51             42
 #
-# So addresses of chance (QV_TOOL_PIE) stay: a fixed one saves a page fault and 2,080
-# instructions, and tells whoever finds a way to overwrite a return address where to lead it.
+# So random addresses (QV_TOOL_PIE) stay: a fixed one saves a page fault and 2,080 instructions, but
+# whoever can overwrite a return address then knows where to lead it.
 #
-# What musl takes from hardening.cmake: _FORTIFY_SOURCE does nothing, and the tables of addresses
-# that a static-pie relocates stay writable, since musl's start does not protect them. Those of
-# the tools name texts, no functions; at a fixed address they would be constants. All else is in
-# force.
+# With musl two protections of hardening.cmake are lost: _FORTIFY_SOURCE does nothing, and the tables
+# of addresses that a static-pie relocates stay writable, since musl's start does not protect them.
+# Those of the tools name texts, no functions; at a fixed address they would be constants.
 set(QV_TOOL_LIBC glibc CACHE INTERNAL "The C library that the tools are linked with")
 if(NOT qvReleased OR NOT QV_STATIC_TOOL OR NOT QV_MUSL_TOOL)
     return()
@@ -44,8 +43,8 @@ if(NOT QV_MUSL_INCLUDE OR NOT QV_MUSL_LIB)
     return()
 endif()
 
-# Where a compiler looks by itself, with musl in the place of the machine's C library: the C++
-# library, musl, and what the compiler brings.
+# The default include folders of a compiler, with musl in the place of the machine's C library: the
+# C++ library, musl, and the compiler's own.
 execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=include
     OUTPUT_VARIABLE compilersFolder OUTPUT_STRIP_TRAILING_WHITESPACE)
 set(muslFolders ${CMAKE_CXX_IMPLICIT_INCLUDE_DIRECTORIES})
@@ -93,7 +92,7 @@ if(NOT QV_HAS_MUSL)
 endif()
 set(QV_TOOL_LIBC musl CACHE INTERNAL "The C library that the tools are linked with")
 
-# What the tools link of the library, and the one string that they have.
+# The tools' part of the library, and their only string type.
 add_library(qvMusl OBJECT
     qv/client/qvClientCommandName.cpp
     qv/segment/core/deferredSignals.cpp

@@ -20,8 +20,8 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 
-# The linker tells what of others it puts into the programs. In a package, packaging/linked.py says so
-# beside them, once they are stripped.
+# The linker lists the code of others that it puts into the programs. In a package, once they are
+# stripped, packaging/linked.py writes a file about it beside them.
 if(qvReleased AND CMAKE_SYSTEM_NAME STREQUAL "Linux")
     set(linkMaps ${PROJECT_BINARY_DIR}/linkMaps)
     file(MAKE_DIRECTORY ${linkMaps})
@@ -77,14 +77,14 @@ set(CPACK_DEBIAN_DOC_DESCRIPTION "support library of the render farm's programs,
 The API reference as HTML, the manual page and examples of libqv: strings of
 a fixed capacity, a named shared segment with a lock, a string list,
 checksums and text helpers, for C++20.")
-# Documentation without the reference is none.
+# Without the reference there is no package of the documentation.
 get_cmake_property(CPACK_COMPONENTS_ALL COMPONENTS)
 if(NOT QV_REFERENCE)
     list(REMOVE_ITEM CPACK_COMPONENTS_ALL doc)
 endif()
 
-# For Enterprise Linux 8 and 9. The tools alone: a program links the library with the C++ library that
-# it was compiled with, which is another one there.
+# For Enterprise Linux 8 and 9. The tools alone: a program has to link the library with the C++ library
+# that both were compiled with, and theirs is another one.
 set(CPACK_RPM_COMPONENT_INSTALL ON)
 set(CPACK_RPM_FILE_NAME RPM-DEFAULT)
 set(CPACK_RPM_PACKAGE_RELEASE 1)
@@ -95,8 +95,8 @@ set(CPACK_RPM_PACKAGE_LICENSE "LicenseRef-All-Rights-Reserved")
 set(CPACK_RPM_TOOL_PACKAGE_NAME qvnodedispatch)
 set(CPACK_RPM_TOOL_PACKAGE_SUMMARY "Hand the render client on this machine one command")
 set(CPACK_RPM_TOOL_PACKAGE_DESCRIPTION "${toolDescription}")
-# The build host and the links to build ids would tell one build from another. What the scripts among
-# the documents call is no dependency, nor is the loader of a static-pie, which loads itself.
+# The build host and the links to build ids would make two builds differ. The programs that the scripts
+# among the documents call are no dependencies, nor is the loader of a static-pie, which loads itself.
 set(CPACK_RPM_SPEC_MORE_DEFINE "
 %define packager ${CPACK_PACKAGE_CONTACT}
 %define _buildhost localhost

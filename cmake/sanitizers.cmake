@@ -1,5 +1,5 @@
-# What watches the product: the library, the tools, the examples. The tests call it from outside, and
-# compiling their many small instantiations with checks would double the build; so they are the
+# The sanitizers of the product: the library, the tools, the examples. The tests call it from outside,
+# and compiling their many small instantiations with checks would double the build; so they are the
 # same objects under every preset of a compiler. The memory sanitizer alone has to see them too:
 # tests/memory/instrument.cmake.
 add_library(qv_sanitizers INTERFACE)

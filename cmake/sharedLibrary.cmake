@@ -1,4 +1,4 @@
-# With BUILD_SHARED_LIBS the library is libqv.so.MAJOR and shows what its headers declare, templates
+# With BUILD_SHARED_LIBS the library is libqv.so.MAJOR and exports what its headers declare, templates
 # included; qvSegment and qvSupport are its own. The programs for the nodes run from one file, so they
 # are linked with a static library of the same sources.
 set(qvForNodes qv)

@@ -1,5 +1,5 @@
-# No warnings, by g++ 12 and clang 14 alike. Here they are errors (QV_WERROR); in the project of
-# somebody else, with a compiler of tomorrow, they are not.
+# No warnings, by g++ 12 and clang 14 alike. Here they are errors (QV_WERROR); in another project,
+# which may have a newer compiler, they are not.
 add_library(qv_warnings INTERFACE)
 target_compile_options(qv_warnings INTERFACE
     -Wall -Wextra -Wpedantic $<$<BOOL:${QV_WERROR}>:-Werror>

@@ -1,5 +1,4 @@
-/// One look into each folder of the library. The README shows these pieces; a test holds it to
-/// them.
+/// A short use of each folder of the library. The README shows these pieces; a test compares them.
 
 #include "qv/client/qvClientCommandName.h"
 #include "qv/segment/qvSharedMemory.h"

@@ -1,6 +1,5 @@
-/// What the older 16-bit string does otherwise than the current one, by task. The reference shows
-/// each piece with the members of its task; a test holds what is printed to the words behind
-/// `show`.
+/// Where the older 16-bit string differs from the current one, by task. The reference shows each
+/// piece with the members of its task; a test compares the output with the words behind `show`.
 
 #include "qv/strings/interop.h"
 

@@ -1,6 +1,5 @@
-/// What the older 8-bit strings do otherwise than the current one, by task. The reference shows
-/// each piece with the members of its task; a test holds what is printed to the words behind
-/// `show`.
+/// Where the older 8-bit strings differ from the current one, by task. The reference shows each
+/// piece with the members of its task; a test compares the output with the words behind `show`.
 
 #include "qv/strings/interop.h"
 

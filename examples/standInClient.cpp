@@ -54,8 +54,8 @@ bool readLimits(int argc, char** argv, Limits& limits)
     return true;
 }
 
-/// Makes the segment. One that nobody is attached to is a leftover of a client that died: leaving
-/// the key that creation found taken removes it, as the last one out always does.
+/// Makes the segment. A segment that nobody is attached to is a leftover of a client that died: the
+/// creation fails on it, and `detach()` removes it, as the last process to leave always does.
 bool createSegment(qvSharedMemory& segment)
 {
     if (segment.create(clientRecordSize, false, false))

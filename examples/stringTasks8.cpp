@@ -1,5 +1,5 @@
-/// What an 8-bit string does, by task. The reference shows each piece with the members of its task;
-/// a test holds what is printed to the words behind `show`.
+/// Uses of an 8-bit string, by task. The reference shows each piece with the members of its task; a
+/// test compares the output with the words behind `show`.
 
 #include "qv/strings/interop.h"
 

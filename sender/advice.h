@@ -2,6 +2,6 @@
 
 #include "sender/commandTable.h"
 
-/// Says on standard error what is odd about a command line, and changes nothing.
+/// Warns on standard error of oddities in a command line. Changes nothing.
 /// @param argc At least 2.
 void advise(int argc, char const* const* argv, Request const& request);

@@ -2,7 +2,7 @@
 
 namespace {
 
-/// The blanks of the labels are uneven, intended.
+/// The uneven blanks of the labels are intended.
 constexpr Command commands[] = {
     {"abort", "Abort       ", {ClientMessageType::command, 1}},
     {"enable", "Enable      ", {ClientMessageType::command, 2}},

@@ -7,7 +7,7 @@
 #include <span>
 #include <string_view>
 
-/// A word that the tool accepts: what it sends, and what the usage text says of it.
+/// A word that the tool accepts, with its message and its line of the usage text.
 struct Command
 {
     std::string_view word; ///< Compared ignoring case.
@@ -19,13 +19,13 @@ struct Command
 /// All words, in the order in which they are compared and listed.
 std::span<Command const> allCommands();
 
-/// What a command line asks for.
+/// A command line that was read.
 struct Request
 {
-    /// Nothing for an unknown word, or for a number whose low 16 bits are 0.
+    /// The message to send; none for an unknown word, or for a number whose low 16 bits are 0.
     std::optional<ClientMessage> message;
     /// The word, cut at 250 characters and without one leading "-"; behind "EventFrameDone" the
-    /// number's text. It is what to show of a command that is unknown.
+    /// number's text. It is shown when the command is unknown.
     WorkingText text;
 };
 

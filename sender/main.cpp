@@ -11,12 +11,12 @@ namespace {
 
 void send(ClientMessage const& message, OutputText& text)
 {
-    // Ahead of the wait for the lock, and while signals take effect: a terminal may be stopped.
+    // Before the wait for the lock, and while signals take effect: a terminal may be stopped.
     if (isatty(STDOUT_FILENO) != 0)
         text.show();
     qvSegment::DeferredSignals const untilTold;
     if (sendMessage(message, untilTold, text) && untilTold.endsPending())
-        text.show(); // what came of the command is said before the run ends
+        text.show(); // the outcome is shown before the run ends
 }
 
 } // namespace

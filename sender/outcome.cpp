@@ -26,8 +26,8 @@ constexpr OutcomeRow rows[] = {
 static_assert(std::size(rows) == static_cast<std::size_t>(Outcome::Kind::queueFull) + 1);
 
 /// A failure with the segment's own text. A message of 250 characters has no newline. The message
-/// is the format itself and no argument of "%s", by decision: a "%" in a system's error text reads
-/// as a conversion. What the user typed never comes here.
+/// is the format itself and no argument of "%s" (intended): a "%" in a system's error text reads as
+/// a conversion. Text that the user typed never comes here.
 void addFailure(OutputText& text, char const* what, WorkingText const& reason)
 {
     WorkingText message = what;
@@ -69,7 +69,7 @@ void add(OutputText& text, Outcome const& outcome)
     case Outcome::Kind::usage:
         addUsage(text);
         break;
-    case Outcome::Kind::clientDead: // nothing that the tool itself finds
+    case Outcome::Kind::clientDead: // the tool itself never finds it
         break;
     case Outcome::Kind::stored:
         text.add("Command send.\n\n"); // a blank line follows, intended

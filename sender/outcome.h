@@ -4,7 +4,7 @@
 #include "sender/outputText.h"
 #include "sender/workingText.h"
 
-/// How a run ends, as data: found here, worded by `add()`.
+/// How a run ends, as data; `add()` words it.
 struct Outcome
 {
     enum class Kind : unsigned char
@@ -21,18 +21,18 @@ struct Outcome
         accessFailed, ///< The record has no address.
         lockFailed,   ///< The lock was not obtained.
         wrongFormat,  ///< A format field is wrong.
-        queueFull,    ///< The queue holds all it can; the command is lost.
+        queueFull,    ///< The queue has no free entry; the command is lost.
     };
 
     Kind kind;
-    WorkingText reason;      ///< The segment's own text of a failure; of an unknown command what to
-                             ///< show of it.
-    int size = 0;            ///< Of a wrong size: that of the record.
-    qvClientFormat format{}; ///< Of a wrong format: all three fields, also those that agree.
+    WorkingText reason;      ///< The segment's own text of a failure; for an unknown command the
+                             ///< text to show.
+    int size = 0;            ///< The size of the record, for `wrongSize`.
+    qvClientFormat format{}; ///< All three fields, also those that agree, for `wrongFormat`.
 };
 
-/// What a script is told of a kind: its name, the exit status, and the sentence that is the same on
-/// equal nodes.
+/// A kind as scripts see it: its name, the exit status, and a sentence that is the same on equal
+/// nodes.
 struct OutcomeRow
 {
     char const* name;
@@ -40,10 +40,9 @@ struct OutcomeRow
     char const* sentence;
 };
 
-/// Every kind has its row.
+/// The row of a kind; every kind has one.
 OutcomeRow const& rowOf(Outcome::Kind kind);
 
-/// Appends an outcome's text: the one place that words it. Scripts compare these lines, so every
-/// byte is fixed. Failures of the segment and the record come straight behind the version, on its
-/// line.
+/// Appends an outcome's text; nothing else words it. Scripts compare these lines, so every byte is
+/// fixed. Failures of the segment and the record follow the version on its line.
 void add(OutputText& text, Outcome const& outcome);

@@ -3,13 +3,12 @@
 #include <cstddef>
 #include <string_view>
 
-/// What a run says. It is kept back until it is shown, whole: a reader that has stopped reading
-/// would otherwise hold up the run at any line, also with the client's lock taken.
+/// The text of a run, kept back until all of it is shown: else a reader that has stopped reading
+/// could hold up the run at any line, also while it holds the client's lock.
 class OutputText
 {
 public:
-    /// From here on standard output hands on at once what it is given. It needs no memory of its
-    /// own then.
+    /// From here on standard output is unbuffered, so it needs no memory of its own.
     OutputText();
 
     /// Appends a text.
@@ -21,12 +20,12 @@ public:
     /// Writes the text to standard output and forgets it. A text that cannot be written is lost.
     void show();
 
-    /// What was appended since the last time that it was shown.
+    /// The text that was appended since the last `show()`.
     std::string_view pending() const { return {text_, length_}; }
 
 private:
     std::size_t room() const { return sizeof text_ - 1 - length_; } // 1 for a terminator
 
     std::size_t length_ = 0;
-    char text_[4096]; // the usage text is the longest one, with less than half of it
+    char text_[4096]; // the longest one, the usage text, takes less than half
 };

@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <string_view>
 
-/// Copies what others have named: a name may hold what a terminal takes for an order. Every
-/// character that is not printable ASCII becomes "?", and what does not fit is cut.
+/// Copies a name that others have chosen: it may hold bytes that a terminal takes for a command.
+/// Every character that is not printable ASCII becomes "?". A name that does not fit is cut.
 template <std::size_t size>
 void copyPrintable(char (&to)[size], std::string_view from)
 {

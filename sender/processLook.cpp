@@ -13,7 +13,7 @@
 
 namespace {
 
-/// The parts of /proc/PID/stat that count here.
+/// The parts of /proc/PID/stat that are used here.
 struct ProcessStat
 {
     char command[16];
@@ -32,7 +32,7 @@ bool readFields(char const* text, ProcessStat& stat)
     char const* field = closing + 1;
     field += std::strspn(field, " ");
     stat.state = *field;
-    // Between the state and the start there are 18 numbers that do not count here.
+    // Between the state and the start there are 18 numbers that are not used here.
     for (int i = 0; i < 19; ++i) {
         field += std::strcspn(field, " ");
         field += std::strspn(field, " ");
@@ -42,7 +42,7 @@ bool readFields(char const* text, ProcessStat& stat)
     return end != field;
 }
 
-/// By system calls: streams and their allocations would make the tool that asks for this one file
+/// By system calls: streams and their allocations would make the tool, which reads this file only,
 /// half as large again.
 bool readStat(pid_t pid, ProcessStat& stat)
 {
@@ -52,13 +52,14 @@ bool readStat(pid_t pid, ProcessStat& stat)
     if (file == -1)
         return false;
     char text[1024];
-    ssize_t const length = read(file, text, sizeof text - 1); // the system hands it out whole
+    ssize_t const length =
+        read(file, text, sizeof text - 1); // the system gives all of it in one read
     close(file);
     text[std::max<ssize_t>(length, 0)] = '\0';
     return readFields(text, stat);
 }
 
-/// By the clocks of this moment, in whole seconds.
+/// When the process began, by the clocks of this moment, in whole seconds.
 std::time_t startTime(ProcessStat const& stat)
 {
     timespec now{};

@@ -61,7 +61,7 @@ void addString(OutputText& out, std::string_view text)
         auto const [code, size] = firstOf(text);
         addEscaped(out, code);
         text.remove_prefix(size);
-        if (out.pending().size() > 4000) // no length of a word is too much
+        if (out.pending().size() > 4000) // a word may have any length
             out.show();
     }
     out.add("\"");
@@ -76,7 +76,7 @@ void addTime(OutputText& out)
                      utc.tm_mday, utc.tm_hour, utc.tm_min, utc.tm_sec);
 }
 
-/// The segment's own text where there is one.
+/// The segment's own text, if there is one.
 char const* reasonOf(Outcome const& outcome)
 {
     bool const isOwnWord = outcome.kind == Outcome::Kind::unknownCommand;

@@ -9,5 +9,5 @@
 /// @param text The tool's whole text.
 void showJson(char const* word, Outcome const& outcome, OutputText const& text);
 
-/// Writes one line that is equal on equal nodes: the outcome's name, and why nothing was stored.
+/// Writes one line that is the same on equal nodes: the outcome's name, and why nothing was stored.
 void showBrief(Outcome const& outcome);

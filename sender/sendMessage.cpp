@@ -12,15 +12,15 @@ namespace {
 /// `messageKind` of every entry of this tool.
 constexpr unsigned char toolKind = 2;
 
-/// Judges the record and appends the message. The lock is held: the record is reached by plain
-/// volatile accesses, in this order.
+/// Checks the record and appends the message. The caller holds the lock. All accesses are volatile,
+/// in this order.
 Outcome enqueue(qvClientMailbox volatile& record, ClientMessage const& message)
 {
     auto const format = qvClientFormat::of(record);
     if (!format.isRight())
         return {Outcome::Kind::wrongFormat, {}, 0, format};
 
-    // Read once: a neighbour that breaks the lock cannot move the write out of the queue.
+    // Read once: a program that ignores the lock cannot move the write out of the queue.
     unsigned char const count = record.messageCount;
     if (count >= maxClientMessages)
         return {Outcome::Kind::queueFull, {}};
@@ -44,8 +44,8 @@ Outcome::Kind kindOfFailedAttach(qvSharedMemory const& segment)
     return segment.error() == EACCES ? Outcome::Kind::noRight : Outcome::Kind::attachFailed;
 }
 
-/// The steps between attaching and leaving; the first that fails ends them. What came of the record
-/// is worded before the lock is given back.
+/// The steps between attaching and leaving; the first that fails ends them. The outcome is worded
+/// before the lock is given back.
 std::optional<Outcome> deliver(qvSharedMemory& segment, ClientMessage const& message,
                                qvSegment::DeferredSignals const& untilTold, OutputText& text)
 {

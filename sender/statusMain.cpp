@@ -70,8 +70,8 @@ int readOptions(int argc, char** argv, Options& options)
     return left;
 }
 
-/// Without a segment or the right to look nobody is known to be dead, nor with a client that this
-/// process cannot see.
+/// False when it is not known: without a segment, without the right to read it, or with a client
+/// that this process cannot see.
 bool isClientDead()
 {
     shmid_ds status;
@@ -119,8 +119,8 @@ int send(Options const& options, char const* word, ClientMessage const& message,
 
 } // namespace
 
-/// Hands the client on this machine one command, as the tool does. The status tells what came of
-/// it, also when the answer cannot be written.
+/// Hands the client on this machine one command, as the tool does. The status tells the outcome,
+/// also when the answer cannot be written.
 int main(int argc, char** argv)
 {
     std::signal(SIGPIPE, SIG_IGN); // a reader that has gone changes nothing about the command

@@ -19,7 +19,7 @@ void addRow(OutputText& text, char const* label, char const* meaning)
 void addBanner(OutputText& text)
 {
     text.add(ruler);
-    // Two blanks stand between name and number: one here and the one that the version begins with.
+    // Two blanks separate name and number: one here and the one that the version begins with.
     text.addFormatted("qvNodeDispatch %s      %s\n", qvVersion, "(c) qvNodeDispatch contributors");
 }
 

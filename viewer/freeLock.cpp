@@ -10,8 +10,8 @@
 
 namespace {
 
-/// Looks and pauses as those of a sender that waits for the lock: so many that a holder who is only
-/// slow has given it back, also if this process sleeps meanwhile.
+/// As many looks and pauses as a sender makes while it waits for the lock: enough for a slow holder
+/// to give it back, also if this process sleeps meanwhile.
 constexpr int lookCount = 25;
 constexpr std::chrono::milliseconds lookEvery{100};
 static_assert(lookCount * lookEvery == staleLockTime);
@@ -22,7 +22,7 @@ bool isOfNobodyElse(MailboxLook const& look)
     return last.state == ProcessState::dead || last.pid == look.client.pid || last.pid == getpid();
 }
 
-/// What forbids to free the lock, in a look or since the first one; null for nothing.
+/// The reason not to free the lock, in a look or since the first one; null for none.
 char const* objection(MailboxLook const& look, MailboxLook const& first)
 {
     if (look.error != LookError::none || look.status.shm_nattch == 0 || !look.read)
@@ -46,8 +46,8 @@ char const* objection(MailboxLook const& look, MailboxLook const& first)
     return nullptr;
 }
 
-/// Once more under this process's own mapping, which counts as one; then only if the byte is still
-/// the one that was seen all the while.
+/// Checks once more, with this process's own mapping counted as one; frees the lock only if the
+/// byte is still the one that was seen all the while.
 char const* freeByte(MailboxLook const& look)
 {
     SegmentMapping const mapping(look.id, 0);

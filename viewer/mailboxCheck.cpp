@@ -26,7 +26,7 @@ CheckState stateOf(ViewOptions const& options, MailboxVerdict const& verdict, in
                     exceeded == options.critical ? CheckState::critical : CheckState::warning);
 }
 
-/// The figures, each with its limits and range where it has them.
+/// The figures, each with its limits and its range if it has them.
 void printFigures(ViewOptions const& options, MailboxLook const& look)
 {
     std::printf(" | client=%d;;;0;1", look.hasRunningClient() ? 1 : 0);

@@ -20,14 +20,14 @@ using qvSegment::segmentMissingText;
 
 constexpr int readRights = 0444;
 
-/// A holder needs microseconds: the many looks find it free at one of them.
+/// A holder needs microseconds: one of the many looks finds the lock free.
 constexpr std::chrono::milliseconds lookAtLockEvery{50};
 
 LookError errorOf(int systemError)
 {
     switch (systemError) {
     case ENOENT:
-    case EIDRM: // gone since its key was looked up, and so the next
+    case EIDRM: // removed since its key was looked up; the next one too
     case EINVAL:
         return LookError::missing;
     case EACCES:
@@ -37,7 +37,7 @@ LookError errorOf(int systemError)
     }
 }
 
-/// The class has codes of its own, which are also values of `errno`: its text tells them apart.
+/// The class has codes of its own that are also values of `errno`; its text tells them apart.
 LookError errorOf(qvSharedMemory const& segment)
 {
     return segment.errorText == segmentMissingText ? LookError::missing : errorOf(segment.error());
@@ -100,10 +100,9 @@ void readFreely(MailboxLook& look, SegmentMapping const& mapping)
     readRecord(look, mapping.record());
 }
 
-/// The mapping that the caller holds keeps `segment` from ever being the last one out, so that its
-/// leaving does not remove the segment. The hold is on the segment, and the question is asked by
-/// the key: a key that is removed and given to a new segment during the look is outside of it, as
-/// it is for every sender.
+/// The caller's mapping keeps `segment` from being the last one to leave, which would remove the
+/// segment. But `segment` attaches by the key: if another segment gets that key during the look,
+/// the mapping does not protect it. The same is true of every sender.
 void readUnderLock(MailboxLook& look, SegmentMapping const& mapping)
 {
     qvSharedMemory segment(clientSegmentName);
@@ -171,7 +170,7 @@ MailboxLook lookAtMailbox(bool underLock)
         refuse(look, "shmat");
     else if (underLock && look.status.shm_nattch != 0)
         readUnderLock(look, mapping);
-    else // nobody writes to what nobody has attached, and a wait in there would bar a new client
+    else // nobody writes while nobody is attached, and a wait would block a new client
         readFreely(look, mapping);
     return look;
 }

@@ -10,7 +10,7 @@ struct Metric
 {
     char const* name;
     char const* help;
-    bool isOfRecord; ///< Told only where a record was read.
+    bool isOfRecord; ///< Printed only when a record was read.
     double (*value)(MailboxLook const& look);
 };
 

@@ -7,8 +7,8 @@
 /// Prints a look for people, over several lines, with the verdict last.
 void printMailboxText(std::FILE* to, MailboxLook const& look, MailboxVerdict const& verdict);
 
-/// The same for who looks on: verdict and clock first, and equal messages that follow each other in
-/// one line.
+/// The same for a user who watches: verdict and clock first, and equal messages that follow each
+/// other in one line.
 void printMailboxFolded(std::FILE* to, MailboxLook const& look, MailboxVerdict const& verdict);
 
 /// Prints a look for programs: one JSON object on one line.

@@ -116,7 +116,7 @@ void printVerdict(std::FILE* to, MailboxLook const& look, MailboxVerdict const& 
         std::fprintf(to, "to do      %s\n", verdict.advice);
 }
 
-/// All but the messages themselves.
+/// All but the messages.
 void printFacts(std::FILE* to, MailboxLook const& look)
 {
     if (look.found)

@@ -64,22 +64,22 @@ MailboxProblem problemOfAccess(LookError error)
     }
 }
 
-/// A new segment is all zeros: a field that does not fit yet but is still 0 is one that the client
-/// has not come to.
+/// A new segment is all zeros: a format field that is still 0 is one that the client has not
+/// written yet.
 bool isStarting(MailboxLook const& look)
 {
     return (look.format.recordMarker == clientRecordMarker || look.format.recordMarker == 0) &&
            (look.format.stateMarker == clientStateMarker || look.format.stateMarker == 0);
 }
 
-/// Neither a client's record nor one that is being filled in.
+/// True for a record that is neither a client's nor being filled in by one.
 bool isForeign(MailboxLook const& look)
 {
     return !look.format.isRight() && !isStarting(look);
 }
 
-/// A dead client and a stopped one explain what their mailbox looks like, while a record that is no
-/// client's was made by a process that is none.
+/// A dead or stopped client explains the state of its mailbox. A record that is not a client's was
+/// made by another process, so it has no client to judge.
 MailboxProblem problemOfClient(MailboxLook const& look)
 {
     if (isForeign(look))
@@ -117,7 +117,8 @@ MailboxProblem problemOf(MailboxLook const& look)
     if (problem == MailboxProblem::none)
         problem = problemOfRecord(look);
     if (problem == MailboxProblem::none && !look.maySend)
-        problem = MailboxProblem::mayNotSend; // last: who only looks on has to learn all the others
+        problem =
+            MailboxProblem::mayNotSend; // last: a user who only watches must learn of all others
     return problem;
 }
 

@@ -5,7 +5,7 @@
 #include <span>
 
 /// What keeps a command from reaching the client. The value is the exit status of `mailboxView`;
-/// 1 is left for the program's own failures.
+/// 1 is for the program's own failures.
 enum class MailboxProblem
 {
     none = 0,
@@ -27,7 +27,7 @@ enum class MailboxProblem
     lockKept = 17,
 };
 
-/// How a monitoring system takes it. The value is the exit status of its plugins.
+/// The state of a problem in a monitoring system. The value is the exit status of its plugins.
 enum class CheckState
 {
     ok = 0,
@@ -51,9 +51,9 @@ struct MailboxVerdict
 /// Every verdict, in the order of their statuses.
 std::span<MailboxVerdict const> allMailboxVerdicts();
 
-/// The verdict that is called so.
+/// The verdict of this problem.
 MailboxVerdict const& mailboxVerdictOf(MailboxProblem problem);
 
-/// The verdict on a look: of several problems the one that explains the others, and then the one
+/// The verdict on a look. Of several problems it is the one that explains the others, else the one
 /// that a sender would meet first.
 MailboxVerdict const& judgeMailbox(MailboxLook const& look);

@@ -1,6 +1,6 @@
-/// Shows the client's mailbox and whether a command would get through. It changes
-/// nothing in there, apart from a lock that an option takes or frees, and never removes the
-/// segment. docs/man/mailboxView.1 has the options.
+/// Shows the client's mailbox and whether a command would get through. It changes nothing in the
+/// mailbox, apart from a lock that an option takes or frees, and never removes the segment.
+/// docs/man/mailboxView.1 has the options.
 
 #include "sender/qvVersion.h"
 #include "viewer/freeLock.h"

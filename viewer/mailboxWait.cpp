@@ -6,7 +6,7 @@ namespace {
 
 constexpr std::chrono::milliseconds lookEvery{100};
 
-/// While another holds the lock, the count may be ahead of a message.
+/// While another program holds the lock, the count may be ahead of the messages.
 bool isReached(ViewTask task, MailboxLook const& look)
 {
     if (!look.hasClient())
@@ -14,7 +14,7 @@ bool isReached(ViewTask task, MailboxLook const& look)
     return task == ViewTask::waitClient || (look.messageCount == 0 && !look.isLockTaken());
 }
 
-/// What was in the way is told beside the form that a program may be reading.
+/// Reports the obstacle on standard error, since a program may read standard output.
 int runOut(ViewOptions const& options, MailboxLook const& look)
 {
     std::fputs("mailboxView: the last look: ", stderr);

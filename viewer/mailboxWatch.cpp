@@ -25,7 +25,7 @@ Printer* printerOf(ViewForm form, Printer* forPeople)
     }
 }
 
-/// Whole in memory first, as the screen has to know how long it is.
+/// Writes the text to memory first, since its length must be known.
 void printOnScreen(MailboxLook const& look, MailboxVerdict const& verdict)
 {
     char* text = nullptr;
@@ -39,7 +39,7 @@ void printOnScreen(MailboxLook const& look, MailboxVerdict const& verdict)
     std::free(text);
 }
 
-/// One look of many: a text is set apart from the next one.
+/// One look of many: a text is separated from the next one.
 bool printWatched(ViewForm form, MailboxLook const& look, MailboxVerdict const& verdict)
 {
     if (form == ViewForm::text && isatty(STDOUT_FILENO) == 1)
@@ -52,8 +52,8 @@ bool printWatched(ViewForm form, MailboxLook const& look, MailboxVerdict const& 
     return std::fflush(stdout) == 0;
 }
 
-/// SIGINT and SIGTERM are let in only while the watching sleeps: one that comes during a look ends
-/// the sleep behind it at once.
+/// SIGINT and SIGTERM take effect only while the watch sleeps: one that comes during a look ends
+/// the next sleep at once.
 class StopSignals
 {
 public:

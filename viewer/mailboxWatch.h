@@ -3,7 +3,7 @@
 #include "viewer/mailboxReport.h"
 #include "viewer/viewOptions.h"
 
-/// Prints a look in the form that is asked for, all of it before it returns.
+/// Prints a look in the given form, all of it before it returns.
 /// @return False if standard output did not take it.
 bool printLook(ViewForm form, MailboxLook const& look, MailboxVerdict const& verdict);
 
@@ -11,7 +11,7 @@ bool printLook(ViewForm form, MailboxLook const& look, MailboxVerdict const& ver
 /// @return The exit status.
 int watchMailbox(ViewOptions const& options);
 
-/// Looks until it is so as the task says, or until the time has run out, and prints the last look.
+/// Looks until the condition of the task holds or the time has run out, and prints the last look.
 /// @return The exit status.
 int waitForMailbox(ViewOptions const& options);
 

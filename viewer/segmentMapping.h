@@ -5,7 +5,7 @@
 
 #include <sys/shm.h>
 
-/// A segment mapped by its id, and left without the question of who is the last one out.
+/// A segment mapped by its id. Leaving it never removes it.
 class SegmentMapping
 {
 public:

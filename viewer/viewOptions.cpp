@@ -29,9 +29,9 @@ struct Option
 {
     char const* name; ///< With its dashes, as the user types it.
     char const* help;
-    char const* shortName = "";     ///< Another one.
-    char const* argument = "";      ///< What stands for the value in the help.
-    unsigned tasks = 0;             ///< Those that it goes with; 0 for an option that is a task.
+    char const* shortName = "";     ///< A second name.
+    char const* argument = "";      ///< The word for the value in the help.
+    unsigned tasks = 0;             ///< Tasks that accept it; 0 for an option that is a task.
     ViewTask task = ViewTask::look; ///< If it is one.
     Value value = Value::none;
     int least = 1; ///< Of the value.
@@ -96,7 +96,7 @@ constexpr Option optionTable[] = {
     {.name = "--version", .help = "the version", .task = ViewTask::version},
 };
 
-/// An option as it was given, with the value that is joined to it.
+/// An option as it was given, with the value joined to it.
 struct Given
 {
     Option const* option = nullptr;
@@ -142,7 +142,7 @@ bool readNumber(std::string_view text, int least, int& number)
     return result.ec == std::errc() && result.ptr == end && number >= least;
 }
 
-/// One reading of the command line.
+/// Reads the command line once.
 class Reader
 {
 public:
@@ -168,7 +168,7 @@ public:
 private:
     bool hasFailed() const { return error_[0] != '\0'; }
 
-    /// The argument may hold anything that a user, or a script, put there.
+    /// The argument may hold any bytes.
     void fail(char const* argument, char const* what, char const* other = "")
     {
         char shown[60];
@@ -195,7 +195,7 @@ private:
         take(option, given.isJoined, value);
     }
 
-    /// A value that follows as an argument of its own.
+    /// Takes a value that is an argument of its own.
     void takeValue(Given& given)
     {
         if (given.option->value == Value::none || given.isJoined || next_ == argc_)
@@ -229,7 +229,7 @@ private:
             fail(task_->name, "needs --timeout S");
     }
 
-    /// Also behind the argument that is wrong: a monitoring system reads a failure its own way.
+    /// Looks behind the wrong argument too: a failed check has its own form for monitoring systems.
     void findCheck()
     {
         for (int i = 1; i < argc_; ++i)

@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-/// What a run of `mailboxView` is for.
+/// The task of a run of `mailboxView`.
 enum class ViewTask
 {
     look,
@@ -29,15 +29,15 @@ struct ViewOptions
     ViewForm form = ViewForm::text;
     bool lock = false;
     int watchMs = 1000;
-    int timeoutSeconds = 0; ///< 0 is none given.
+    int timeoutSeconds = 0; ///< 0 for none.
     int warning = 15;       ///< Messages above which a check warns.
     int critical = 25;      ///< Messages above which it calls the queue critical.
 };
 
 /// Reads the command line: `--name`, `--name=value`, `--name value`, `-x`, `-xvalue`, `-x value`.
-/// @param error Stays empty, or tells the argument that is wrong.
-/// @return What was read up to there: the task tells how the failure is to be reported.
+/// @param error Stays empty, or names the wrong argument.
+/// @return The options up to the wrong argument: the task tells how to report the failure.
 ViewOptions readOptions(int argc, char const* const* argv, char (&error)[200]);
 
-/// The synopsis and the options, as the table of them has it.
+/// Prints the synopsis and the options, from their table.
 void printOptions(std::FILE* to);

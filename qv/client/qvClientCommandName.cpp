@@ -5,8 +5,7 @@
 
 namespace {
 
-/// The names by code. They are shown to people and compared by scripts, so none
-/// changes, slips included.
+/// The names by code. People read them and scripts compare them, so none changes, slips included.
 constexpr char const* names[] = {
     "None", // 0
     "Abort",

@@ -24,8 +24,8 @@ inline constexpr int maxClientMessages = 30;
 /// and the queue. A format shared between processes, in the machine's own byte order;
 /// docs/mailbox.md draws it. The rest belongs to the client.
 ///
-/// The queue is three parallel arrays and one count. It is looked at and changed under the
-/// segment's lock only.
+/// The queue is three parallel arrays and one count. It is read and changed under the segment's
+/// lock only.
 struct qvClientMailbox
 {
     std::uint32_t recordMarker;                    ///< Format marker: 517.
@@ -43,11 +43,11 @@ struct qvClientMailbox
 /// Bytes of the record: the least that a segment must offer behind its prefix.
 inline constexpr int clientRecordSize = 22988;
 
-/// What `recordMarker` must hold.
+/// `recordMarker` must hold this.
 inline constexpr int clientRecordMarker = 517;
-/// What `stateMarker` must hold.
+/// `stateMarker` must hold this.
 inline constexpr int clientStateMarker = 3077;
-/// What a client writes to `stateFlag`, and what other values are reported against.
+/// A client writes this to `stateFlag`; a report of another value names it as the right one.
 inline constexpr int clientStateFlag = 1;
 
 /// The three fields by which a record is recognised as a client's, as they were read.

@@ -4,7 +4,7 @@
 
 namespace {
 
-/// The words by number; nothing for the numbers that are free.
+/// The words by number; null for the numbers that are free.
 constexpr char const* words[] = {
     "None",      "Server",       "Client",      "Submitter", "Control", "PostScript",
     "Test",      "LogFile",      "ClientWatch", "Config",    "Viewer",  "Installer",

@@ -50,8 +50,8 @@ bool qvSharedMemory::create(int size, bool, bool)
         return fail(stateError, "We have already created memory.");
 
     key = segmentKey(name);
-    // Sizes are signed 32-bit and wrap. The system gets a wrapped one sign-extended, as a size it
-    // refuses: unsigned it would be an honest demand for 2 GiB.
+    // Sizes are signed 32-bit and wrap. A wrapped one is sign-extended, and the system refuses it;
+    // as an unsigned number it would be a valid request for 2 GiB.
     totalSize = static_cast<int>(static_cast<unsigned>(size) + segmentPrefixSize);
     int const id = shmget(key, static_cast<std::size_t>(totalSize), createFlags);
     if (id != -1) {
@@ -63,7 +63,7 @@ bool qvSharedMemory::create(int size, bool, bool)
     }
 
     if (errno == EINVAL) {
-        // The size is in doubt: see whether a segment stands in the way.
+        // The size may be wrong, or a segment may exist: attaching tells.
         if (!attach()) {
             fail(sizeError,
                  "Requested shared memory larger than system-imposed size restrictions.");
@@ -204,7 +204,8 @@ _qvString8_allSize<250> qvSharedMemory::errorString() const
     return errorText;
 }
 
-/// Records a failure that has a text of its own; false, to be returned.
+/// Records a failure that has a text of its own.
+/// @return False, for the caller to return.
 bool qvSharedMemory::fail(int code, char const* text)
 {
     errorCode = code;
@@ -228,14 +229,14 @@ bool qvSharedMemory::map(int id)
     return true;
 }
 
-/// Removes the segment when nobody is attached. EINVAL means that it is gone already.
+/// Removes the segment when nobody is attached. EINVAL means that it is removed already.
 void qvSharedMemory::removeIfLast()
 {
-    int const id = shmget(key, 0, queryRights); // not judged: the status query tells
+    int const id = shmget(key, 0, queryRights); // unchecked: the status query fails then
     shmid_ds status;
     if (shmctl(id, IPC_STAT, &status) == -1) {
         if (errno != EINVAL)
-            setError("shmdt"); // the word for a failed query too, by decision
+            setError("shmdt"); // for a failed query too (intended)
         return;
     }
     if (status.shm_nattch == 0 && shmctl(id, IPC_RMID, nullptr) == -1 && errno != EINVAL)

@@ -10,19 +10,19 @@
 /// around every look at the record, `detach()`. The last process to leave removes the segment,
 /// also one that only attached.
 ///
-/// Failures are told by a false or null result together with `error()` and `errorString()`;
-/// nothing throws or ends the process. An object allocates nothing.
+/// A failure gives a false or null result, and `error()` and `errorString()` describe it; nothing
+/// throws or ends the process. An object allocates nothing.
 ///
 /// The lock is cooperative: a byte that is read and then written by plain accesses, without an
 /// owner. Two processes that read 0 at the same moment both take it, and a holder that dies
-/// leaves it taken. The design rests on holders being brief.
+/// leaves it taken. This works because holders are brief.
 ///
 /// Threads: an object serves one thread. Each thread that wants the segment has an object of its
-/// own, and these keep apart by the lock as two processes do. Two threads with one object also
-/// share `locked` and the error state, which nothing protects. A race detector reports the lock and
-/// the record then: plain accesses to a byte order nothing, and it knows no lock in them. It is
-/// right. With an object each it is silent, since each maps the segment at an address of its own;
-/// the two steps of the lock are no safer for that.
+/// own, and they exclude each other by the lock as two processes do. Two threads with one object
+/// also share `locked` and the error state, which nothing protects. A race detector then reports
+/// the lock and the record, and is right: plain accesses to a byte order nothing. With an object
+/// for each thread it is silent, since each maps the segment at an address of its own; the two
+/// steps of the lock are no safer for that.
 ///
 /// Fork: the child has a copy of the object, its own mapping and the same lock byte. If the parent
 /// held the lock, the copy believes that it does, and its `unlock()`, `detach()` or destructor
@@ -36,8 +36,8 @@
 class qvSharedMemory
 {
 public:
-    /// The segment named "QV_", `givenName`, "_1234567", cut at 250 characters. Calls nothing in
-    /// the system.
+    /// The segment named "QV_", `givenName`, "_1234567", cut at 250 characters. Makes no system
+    /// call.
     /// @param givenName The name that programs agree on.
     explicit qvSharedMemory(_qvString8_allSize<250> const& givenName);
 
@@ -54,20 +54,20 @@ public:
     /// the system refuses the size, or for any other failure.
     bool create(int size, bool, bool);
 
-    /// Finds the existing segment, asking for the rights 0660, and maps it, leaving first whatever
-    /// this object had. Looks at neither lock byte nor record.
+    /// Leaves any segment that this object has, then finds the existing one, asking for the rights
+    /// 0660, and maps it. Reads neither lock byte nor record.
     /// @return False on failure; after a failed size query the mapping stays although the call
     /// reports failure.
     bool attach();
 
     /// Leaves the segment, releasing the lock if this object holds it.
-    /// @return Always true; a failure of the calls underneath shows in the error state only.
+    /// @return Always true; a failure of a system call shows in the error state only.
     bool detach();
 
     /// Releases a held lock, unmaps, removes the segment if nobody is attached any more, forgets
     /// the key. Leaves the error state alone unless one of these steps fails or the lock had to
-    /// be released. Attaching between the question and the removal is possible: the mapping made
-    /// then stays valid, but later attachers find nothing.
+    /// be released. A process may attach between the query and the removal: its mapping stays
+    /// valid, but later attachers find nothing.
     void clearAll();
 
     /// @return Bytes of the record: `totalSize` less 8, whatever the state; -9 before the first

@@ -3,7 +3,7 @@
 #include "qv/strings/capacityText.h"
 
 /// @file
-/// For which capacities the 16-bit strings exist.
+/// The capacities of the 16-bit strings.
 
 /// The capacities of the 16-bit strings, current and older alike, stated here and nowhere else: 16.
 /// @param DO Macro, expanded once per capacity, in rising order.
@@ -25,7 +25,7 @@
     DO(1000)                                                                                       \
     DO(2500)
 
-/// What the compiler says at any other capacity.
+/// The compiler's message at any other capacity.
 #define QV_STRING16_REFUSAL                                                                        \
     "16-bit strings exist for these capacities only:" QV_STRING16_CAPACITIES(QV_CAPACITY_TEXT)
 

@@ -34,7 +34,7 @@
     DO(3000)                                                                                       \
     DO(5000)
 
-/// What the compiler says at any other capacity.
+/// The compiler's message at any other capacity.
 #define QV_STRING8_REFUSAL                                                                         \
     "8-bit strings exist for these capacities only:" QV_STRING8_CAPACITIES(QV_CAPACITY_TEXT)
 

@@ -1,7 +1,7 @@
 #pragma once
 
 /// @file
-/// How a list of capacities is said.
+/// A list of capacities as text.
 
 /// One capacity of a list as text. It stays defined, since the messages are put together where a
 /// string refuses a capacity.

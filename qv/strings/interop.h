@@ -23,13 +23,13 @@
 /// @file
 /// The fixed strings beside the C++ library: views of their text, `<<`, GoogleTest's output,
 /// `std::hash`, `std::format` and fmt, and the way in and out of a record. Optional: no other
-/// header includes this one. It holds for all five templates, also for older images without
+/// header includes this one. It works with all five templates, also with older images without
 /// members.
 ///
-/// Everything goes by length and text; zero units are part of a text. A length above the capacity
-/// N, which only a damaged record or a conversion between widths leaves, counts as N. Bytes of the
-/// 8-bit strings go out as they are, without an encoding. Where the units of a 16-bit string go out
-/// as characters, they are read as UTF-16 and become UTF-8.
+/// All functions use length and text alone; zero units are part of a text. A length above the
+/// capacity N, which only a damaged record or a conversion between widths leaves, counts as N.
+/// Bytes of the 8-bit strings stay as they are, without an encoding. Where the units of a 16-bit
+/// string become characters, they are read as UTF-16 and written as UTF-8.
 namespace qvInterop {
 
 /// \name The five templates
@@ -86,8 +86,8 @@ std::size_t size(String const& string)
     return string.length < capacity ? string.length : capacity;
 }
 
-/// A view of the text. It shows what the string holds later, too, as far as its length was when the
-/// view was made, and ends with the string.
+/// A view of the text. It keeps the length that the string has now, shows later changes of the
+/// units, and is valid as long as the string.
 /// @param string The string; no temporary, which would end before its view.
 /// @return The view.
 template <String8 String>
@@ -127,8 +127,8 @@ template <String16 String>
 U16Text(String const&) -> U16Text<capacity16<String>>;
 /// @endcond
 
-/// The units of a 16-bit string as UTF-8, for what prints characters. Half of a surrogate pair
-/// becomes U+FFFD. Allocates nothing.
+/// The units of a 16-bit string as UTF-8, for functions that print characters. Half of a surrogate
+/// pair becomes U+FFFD. Allocates nothing.
 /// @tparam N The capacity of the string.
 template <int N>
 class Utf8Text
@@ -183,7 +183,7 @@ template <String16 String>
 Utf8Text(String const&) -> Utf8Text<capacity16<String>>;
 /// @endcond
 
-/// What prints characters takes this for the text of a string.
+/// The text of a string for functions that print characters.
 /// @param string The string; an 8-bit one is only viewed.
 /// @return The bytes of an 8-bit string, the UTF-8 of a 16-bit one; it converts to a view.
 template <String8 String>
@@ -237,13 +237,13 @@ bool assign(String& string, std::u16string_view text)
 
 /// @}
 /// \name In and out of a record
-/// An object is its memory image: it may lie in a record, and a block copy of it is the string. Yet
-/// `std::is_trivially_copyable` is false, since an assignment copies length and text only and
-/// leaves the spare bytes of the image as they were. So `std::bit_cast` refuses the strings, and a
-/// plain `std::memcpy` into one is warned of; these two copy what both are asked for.
+/// An object is its memory image: it may be part of a record, and a block copy of it is a copy of
+/// the string. Yet `std::is_trivially_copyable` is false, since an assignment copies length and
+/// text only and leaves the spare bytes of the image as they were. So `std::bit_cast` refuses the
+/// strings, and compilers warn of a plain `std::memcpy` into one; use these two instead.
 /// @{
 
-/// Makes a string of an image. All bytes are taken as they are, spare ones too, but for a damaged
+/// Makes a string from an image. All bytes are taken as they are, spare ones too, but for a damaged
 /// length: above N it becomes N, with the terminator behind the text.
 /// @tparam String The class whose image it is.
 /// @param image As many bytes as `String` has, at any alignment.
@@ -260,8 +260,8 @@ String loadImage(void const* image)
     return string;
 }
 
-/// Writes the image of a string, spare bytes and text behind the terminator included. Where records
-/// are compared as blocks, `clearUnused()` comes first.
+/// Writes the image of a string, spare bytes and text behind the terminator included. Call
+/// `clearUnused()` first where records are compared as blocks.
 /// @param string The string.
 /// @param[out] image Room for as many bytes as the string has, at any alignment.
 template <FixedString String>
@@ -272,8 +272,8 @@ void storeImage(String const& string, void* image)
 
 /// @}
 
-/// The text as GoogleTest shows it: in quotes, what is not printable ASCII in hexadecimal, and a
-/// length above N named.
+/// Prints the text for GoogleTest: in quotes, units that are not printable ASCII in hexadecimal,
+/// and a length above N behind it.
 /// @param string The string.
 /// @param stream Where to.
 template <FixedString String>
@@ -302,7 +302,7 @@ void print(String const& string, std::ostream& stream)
 
 } // namespace qvInterop
 
-// Calls find these through the base classes of the strings.
+// Argument-dependent lookup finds these through the base classes of the strings.
 namespace qvStrings {
 
 /// Writes the text, with the width and fill of the stream.
@@ -316,7 +316,7 @@ std::ostream& operator<<(std::ostream& stream, String const& string)
     return stream << std::string_view(text);
 }
 
-/// What GoogleTest calls to show a string in a failure.
+/// GoogleTest calls it to show a string in a failure.
 /// @param string The string.
 /// @param stream Where to.
 template <qvInterop::FixedString String>

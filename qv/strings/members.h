@@ -14,13 +14,13 @@
 #include <cstring>
 #include <type_traits>
 
-/// What the string classes are built of. Their users need none of its names.
+/// The bases of the string classes. Their users need none of these names.
 namespace QV_MEMBER_NAMESPACE {
 
 /// \name Refused numbers
-/// What a deleted member takes beside members for some types of integers; a compiler that refuses a
-/// number of another type prints the name, which says what to do. An rvalue reference is preferred
-/// to their const references where all of them ask for a conversion, and nowhere else: what fits
+/// Parameters of deleted members, beside members for some types of integers. A compiler that
+/// refuses a number of another type prints the name, which says what to do. An rvalue reference
+/// wins over their const references only where all of them need a conversion: a number that fits
 /// one of them as it is or by a promotion (a bit-field, an enumerator) still takes that one.
 /// @{
 
@@ -38,7 +38,7 @@ using CastToIntOrUnsignedInt = long double;
 /// and `Members16`.
 ///
 /// An object holds up to N units of text (N is the capacity of the image; a unit is a `char` or an
-/// `unsigned short`). It never allocates, and is as safe as its bytes: there is no lock. What does
+/// `unsigned short`). It never allocates, and it has no lock: whoever shares it locks it. What does
 /// not fit is cut at the end, silently; no member reports a failure.
 ///
 /// Names without a suffix ignore the case of ASCII letters, whatever the locale; every other unit
@@ -48,14 +48,14 @@ using CastToIntOrUnsignedInt = long double;
 /// otherwise.
 ///
 /// A `char const*` is measured by the low 16 bits of its strlen. As a pattern its first N bytes
-/// count, sign-extended to units; null is a pattern that is found nowhere. What a byte from 0x80 up
-/// becomes in a 16-bit string each member says (0xE4: 0xFFE4 by sign, 0x00E4 by zero extension); in
-/// an 8-bit string it stays a byte.
+/// count, sign-extended to units; null is a pattern that is found nowhere. Each member says how a
+/// byte from 0x80 up becomes a unit of a 16-bit string (0xE4: 0xFFE4 by sign, 0x00E4 by zero
+/// extension); in an 8-bit string it stays a byte.
 ///
 /// A length above N, which only a damaged record holds, counts as N: no member reads or writes
-/// outside the object for it, but for the few whose comment says so. What a call outside a contract
-/// does is said and stays as it is, unless the program is built with QV_CHECKED: then it ends
-/// there, as it does when a member meets a length above N (`core/contract.h`).
+/// outside the object for it, but for the few whose comment says so. The comments also say what a
+/// call outside a contract does. It stays so, unless the program is built with QV_CHECKED: then the
+/// call ends the program, and so does a member that meets a length above N (`core/contract.h`).
 ///
 /// @tparam Self The public class.
 /// @tparam Image Its memory image.
@@ -299,7 +299,7 @@ public:
     /// @}
     /// \name Order
     /// By the stored bytes, unsigned, low byte of a unit first: for units from 0x100 up not the
-    /// order of their values (intended). Of a result only the sign counts, but 0 is exact.
+    /// order of their values (intended). A result counts by its sign only.
     /// @{
 
     /// Order ignoring case; of a text and its prefix the shorter comes first.
@@ -333,8 +333,8 @@ public:
     /// Positions count from 0; -1 means not found.
     /// @{
 
-    /// Searches from the front, ignoring case. A pattern of the text's own length is held against
-    /// the whole text. A negative start is outside the contract and counts as 0.
+    /// Searches from the front, ignoring case. A pattern as long as the text is compared with the
+    /// whole text. A negative start is outside the contract and counts as 0.
     /// @param pattern An empty one is found nowhere.
     /// @param start First place that counts; one that leaves no room gives -1.
     /// @return First place of the pattern at or behind `start`.
@@ -569,7 +569,7 @@ public:
         return self();
     }
 
-    /// Removes every place of a unit.
+    /// Removes a unit wherever it is.
     /// @param c Every unit equal to it, ignoring case, is removed.
     /// @return A copy of the changed string.
     Self remove(Unit const& c)
@@ -578,7 +578,7 @@ public:
         return copy();
     }
 
-    /// Cuts units out; the caller keeps start + count within the length. A range beyond the end
+    /// Removes units; the caller keeps start + count within the length. A range beyond the end
     /// gives a string of full length N that holds the object's own bytes from behind the range and
     /// zeros beyond the object.
     /// @param start Place of the first one.
@@ -590,10 +590,10 @@ public:
         removeRange(checkedRef(), start, count);
     }
 
-    /// Puts a text in. A negative place is outside the contract and gives a string of length N,
+    /// Inserts a text. A negative place is outside the contract and gives a string of length N,
     /// stale units included.
     /// @param pos Place of its first unit; beyond the end, the end.
-    /// @param s Text to put in; `s.insert(p, s)` puts in the first p units.
+    /// @param s Text to insert; `s.insert(p, s)` inserts the first p units.
     void insert(int const& pos, Self const& s)
     {
         expect(pos >= 0, {pos});
@@ -605,8 +605,8 @@ public:
     /// New strings whose units behind the text are zero, unless they are copies of the receiver.
     /// @{
 
-    /// The start of the text. A negative n is no "all": it gives length N, stale units included
-    /// (intended).
+    /// The start of the text. A negative n does not mean all: it gives length N, stale units
+    /// included (intended).
     /// @param n Units, at most all of them.
     /// @return The first `n` units.
     Self left(int n) const
@@ -617,7 +617,7 @@ public:
         return result;
     }
 
-    /// Units from anywhere, not held against the length: past the end of the text or ahead of it
+    /// Units from anywhere, not checked against the length: past the end of the text or ahead of it
     /// the result holds the object's own bytes and zeros beyond the object. The caller stays inside
     /// the N + 1 units unless the count is 0.
     /// @param start Place of the first one.
@@ -634,7 +634,7 @@ public:
     }
 
     /// The text up to a separator, searched ignoring case. Found at position 0 the sense of
-    /// `withSeparator` turns round (intended): true gives the empty string, false the one unit `c`
+    /// `withSeparator` is reversed (intended): true gives the empty string, false the one unit `c`
     /// as given.
     /// @param c The separator. Not found: the result is a copy of the receiver.
     /// @param withSeparator Whether the result ends with the separator.
@@ -646,11 +646,11 @@ public:
         return result;
     }
 
-    /// Gives what `left` gives. The receiver keeps the text behind the separator, which leaves it
-    /// in either case; nothing behind it sets the length to 0 and changes nothing else.
+    /// Gives the text that `left` gives, and removes the text up to and with the separator from the
+    /// receiver. If nothing is left, the length becomes 0 and nothing else changes.
     /// @param c The separator. Not found: the receiver is cleared.
     /// @param withSeparator As for `left`.
-    /// @return What `left` gives.
+    /// @return The text that `left` gives.
     Self leftNCut(Unit const& c, bool const& withSeparator)
     {
         Self result;
@@ -699,7 +699,7 @@ protected:
     }
 
     /// Ends a checked program when these arguments break the contract of `member`, by default the
-    /// one that calls this. Nothing in the default build.
+    /// one that calls this. Does nothing in the default build.
     void expect([[maybe_unused]] bool isKept,
                 [[maybe_unused]] std::initializer_list<long long> arguments,
                 [[maybe_unused]] char const* member = __builtin_FUNCTION()) const
@@ -718,7 +718,7 @@ protected:
                 contractBroken(member, {}, length, capacity());
     }
 
-    /// The contract of fields that are not held inside the capacity.
+    /// The contract of fields that are not cut to the room.
     void expectRoomForField(int width, char const* member = __builtin_FUNCTION()) const
     {
         long long const columns = width < 0 ? -static_cast<long long>(width) : width;

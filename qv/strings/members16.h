@@ -66,8 +66,8 @@ public:
     /// @{
 
     /// At most 249 bytes, all behind them zero. The length is this string's, not clipped
-    /// (intended): from 250 units up it counts more than was copied, and who needs the true text
-    /// stops at the zero byte.
+    /// (intended): from 250 units up it counts more than was copied, and a reader of the copied
+    /// text has to stop at the zero byte.
     /// @return The bytes as an 8-bit string.
     _qvString8_allSize<250> to_qvString8_250() const { return narrowed<250>(); }
     /// @copydoc to_qvString8_250() const
@@ -171,8 +171,8 @@ public:
     /// \name Start and end of the text
     /// @{
 
-    /// `startsWith` with a count: false when it is 0 or above the length, not reduced (the 8-bit
-    /// namesake takes it modulo 65536), else n modulo 65536 counts.
+    /// False when the count is 0 or above the length, compared as it is (the 8-bit namesake
+    /// compares it modulo 65536); else n modulo 65536 counts.
     /// @param s The pattern's bytes; need not be terminated.
     /// @param n How many.
     /// @return True when the text begins with the pattern, ignoring case.
@@ -194,8 +194,8 @@ public:
     /// @param c Byte to compare with; one from 0x80 up never matches.
     bool endsWith(char const& c) const { return isAscii(c) && this->endsWith(unit(c)); }
 
-    /// True when the text ends with the pattern, ignoring case. The count is a gate only: the text
-    /// is compared as long as it is (intended); an empty one gives true, unlike the 8-bit namesake.
+    /// True when the text ends with the pattern, ignoring case. The count is a gate only: the whole
+    /// pattern is compared (intended); an empty one gives true, unlike the 8-bit namesake.
     /// @param s The pattern, which the caller keeps within the text.
     /// @param n The gate, as in `startsWith`.
     /// @return True when the gate is passed and the text ends with the pattern.
@@ -296,7 +296,7 @@ private:
     _qvString8_allSize<M> narrowed(char const* member = __builtin_FUNCTION()) const
     {
         _qvString8_allSize<M> result;
-        result.pad = 0; // the whole image, not only what clearing clears
+        result.pad = 0; // the whole image; construction leaves this byte
         auto const units = this->checkedRun(member);
         narrowTerminated(result.text, cut(units, M - 1));
         result.length = static_cast<unsigned short>(units.count);

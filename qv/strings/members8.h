@@ -74,14 +74,14 @@ public:
     }
 
     /// @return True when the text begins with the pattern, exact.
-    /// @param s The pattern, which counts whole, not cut at N. Null gives false.
+    /// @param s The whole pattern counts, not cut at N. Null gives false.
     bool startsWithCaseSen(char const* s) const
     {
         return begins<Case::exact>(this->checkedRef(), measured(s));
     }
 
-    /// True when the text ends with the pattern, ignoring case. The count is a gate only: the text
-    /// is compared as long as it is, not its first n bytes (intended, unlike `startsWith`).
+    /// True when the text ends with the pattern, ignoring case. The count is a gate only: the whole
+    /// pattern is compared, not its first n bytes (intended, unlike `startsWith`).
     /// @param s The pattern, which the caller keeps within the text. Null and the empty one give
     /// false.
     /// @param n The gate: modulo 65536, it must be neither 0 nor above the length.

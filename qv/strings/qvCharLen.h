@@ -3,10 +3,10 @@
 #include "qv/strings/core/run.h"
 
 /// @file
-/// How long a raw 16-bit text is.
+/// The length of a raw 16-bit text.
 
-/// Measures a raw 16-bit text. The zero unit that ends it is looked for among the first 1024 only:
-/// a text without one there measures 1024, whatever the capacity it is meant for. Reads no unit
+/// Measures a raw 16-bit text. Only the first 1024 units are searched for the zero unit that ends
+/// it: a text without one there measures 1024, whatever the capacity it is meant for. Reads no unit
 /// behind the first zero nor behind the 1024th.
 /// @param text The text; not null.
 /// @return Units before the first zero unit, 0 to 1024.

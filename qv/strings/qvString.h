@@ -13,8 +13,8 @@ class _qvString_old;
 
 /// The current 16-bit string: up to N opaque units of text, held in the object, in the image that
 /// `docs/memory-images.md` shows. Exists for the 16 capacities of `capacities16.h`. An object is
-/// plain bytes: it may lie in a shared record, be copied as a block, and a block of zeros is an
-/// empty string.
+/// plain bytes: it may be part of a shared record and may be copied as a block, and a block of
+/// zeros is an empty string.
 ///
 /// The members are those of `Members`, `Members16` and the ones below.
 ///
@@ -118,7 +118,7 @@ public:
     /// @{
 
     /// @return This object as a view without a capacity. It is writable although this member is
-    /// const: who writes through it must know the string to be no constant.
+    /// const: whoever writes through it must know that the string is no constant.
     _qvString_Uni_pointer* asUni() const
     {
         return reinterpret_cast<_qvString_Uni_pointer*>(const_cast<_qvString*>(this));
@@ -148,8 +148,8 @@ public:
     QV_CHECKS void addNr(unsigned int const& v) { addNr(static_cast<unsigned long long>(v)); }
     /// @copydoc addNr(unsigned long long const&)
     QV_CHECKS void addNr(unsigned char const& v) { addNr(static_cast<unsigned long long>(v)); }
-    /// Refused: a number of any other type, such as `unsigned long`, fits none of these better than
-    /// the rest, so the caller casts it to the type that it means.
+    /// Refused: a number of any other type, for instance `unsigned long`, fits none of these better
+    /// than the rest, so the caller casts it to the type that it means.
     void addNr(qvStrings::CastToLongLongOrUnsignedLongLong&&) = delete;
 
     /// @}
@@ -166,7 +166,7 @@ private:
     QV_CHECKS void takeOld(_qvString_old<N> const& o, char const* member = __builtin_FUNCTION())
     {
         this->expectLength(o.length, member);
-        // A record may be converted in place, so the source may go while it is copied.
+        // A record may be converted in place, so the copy may overwrite the source.
         auto const stored = o.length;
         std::memmove(this->text, o.text, N * sizeof this->text[0]);
         this->ref().endAt(stored);

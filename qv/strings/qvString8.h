@@ -17,8 +17,8 @@ class _qvString8_UnevenSize_old;
 
 /// The current 8-bit string: up to N characters of text without an encoding, held in the object, in
 /// the image that `docs/memory-images.md` shows. Exists for the 24 capacities of `capacities8.h`.
-/// An object is plain bytes: it may lie in a shared record, be copied as a block, and a block of
-/// zeros is an empty string.
+/// An object is plain bytes: it may be part of a shared record and may be copied as a block, and a
+/// block of zeros is an empty string.
 ///
 /// The members are those of `Members`, `Members8` and the ones below.
 ///
@@ -108,9 +108,9 @@ public:
         return takeOld(o);
     }
 
-    /// Takes a null text: the length becomes 0, text[0] keeps its byte. `nullptr` alone names none
-    /// of the pointers that the other assignments take; `0` and `NULL` are still refused, since
-    /// they may mean the character as well.
+    /// Takes a null text: the length becomes 0, text[0] keeps its byte. Without this member
+    /// `nullptr` would fit several of the others; `0` and `NULL` are still refused, since they may
+    /// mean the character as well.
     /// @return This string.
     _qvString8_allSize& operator=(std::nullptr_t)
     {
@@ -134,8 +134,8 @@ public:
         return *this = static_cast<_qvString8_Uni_pointer const*>(p);
     }
 
-    /// The same for what `asUni()` hands out; without it the assignment would call the
-    /// constructor that does not clip.
+    /// The same for the pointer that `asUni()` returns; without this member the assignment would
+    /// call the constructor that does not clip.
     /// @param p The view; not null.
     /// @return This string.
     _qvString8_allSize& operator=(_qvString8_Uni_pointer const* p)
@@ -231,8 +231,8 @@ public:
         qvStrings::appendZeroPadded(this->checkedRef(), v, minWidth);
     }
 
-    /// Refused: a number of any other type, such as `unsigned long`, fits none of the above better
-    /// than the rest, so the caller casts it to the type that it means.
+    /// Refused: a number of any other type, for instance `unsigned long`, fits none of the above
+    /// better than the rest, so the caller casts it to the type that it means.
     void addNr(qvStrings::CastToLongLongOrUnsignedLongLong&&) = delete;
     /// @copydoc addNr(qvStrings::CastToLongLongOrUnsignedLongLong&&)
     void addNr(qvStrings::CastToLongLong&&, unsigned char const&) = delete;
@@ -246,10 +246,10 @@ public:
         return result;
     }
 
-    /// Appends upper-case hex digits: two of a char, four of a short, eight of an int, without a
-    /// prefix. A negative short has the eight digits of its int (intended); of a negative char the
-    /// last two of eight count. The digits pass through a text of this capacity, so 6 and 7 keep
-    /// the first 6 and 7 of eight, and the last two of these for a char (intended).
+    /// Appends upper-case hex digits: two for a char, four for a short, eight for an int, without a
+    /// prefix. A negative short gives the eight digits of its int (intended), a negative char the
+    /// last two of its eight. The digits pass through a text of this capacity, so 6 and 7 keep the
+    /// first 6 and 7 of eight, and the last two of these for a char (intended).
     /// @param v The number.
     QV_CHECKS void addHexCode(signed char const& v)
     {
@@ -300,7 +300,7 @@ public:
 
     /// Reads a field of bits / 4 hex digits from the start of the text. Signed, the value is
     /// extended from 8, 16 or 32 bits and *ok tells whether there was one; other widths give 0 and
-    /// false. Else any width is read by `strtoll` and *ok is true whatever stood there (intended).
+    /// false. Else any width is read by `strtoll` and *ok is true whatever the text (intended).
     /// The caller cuts no field wider than the text: that leaves a string of length N.
     /// @param bits Width of the value, four bits to a digit.
     /// @param asSigned Whether the value has a sign.
@@ -342,7 +342,7 @@ private:
     QV_CHECKS _qvString8_allSize& takeOld(Old const& o, char const* member = __builtin_FUNCTION())
     {
         this->expectLength(o.length, member);
-        // A record may be converted in place, so the source may go while it is copied.
+        // A record may be converted in place, so the copy may overwrite the source.
         auto const stored = o.length;
         std::memmove(this->text, o.text, N);
         this->length = stored;
@@ -365,7 +365,7 @@ private:
         return ok == nullptr ? this->ref() : this->checkedRef(member);
     }
 
-    /// A signed value as the formatter sees it, extended to an int.
+    /// A signed value, extended to an int.
     static unsigned asUnsigned(int v) { return static_cast<unsigned>(v); }
 };
 

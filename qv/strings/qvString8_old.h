@@ -5,12 +5,12 @@
 #include "qv/strings/members8.h"
 
 /// @file
-/// The older 8-bit strings, kept so that text in older records can be read, worked on and brought
-/// to `_qvString8_allSize<N>`, which takes them by construction, assignment and comparison. Text
-/// first and length behind it, so the image depends on whether N is even or odd; hence two
-/// templates. They have the members that every 8-bit string has, and no others.
+/// The older 8-bit strings, kept so that text in older records can be read, edited and converted to
+/// `_qvString8_allSize<N>`, which takes them by construction, assignment and comparison. Text first
+/// and length behind it, so the image depends on whether N is even or odd; hence two templates.
+/// They have the members that every 8-bit string has, and no others.
 ///
-/// Writing past the text (`addSpacing` without room) meets the filler and the length itself.
+/// Writing past the text (`addSpacing` without room) overwrites the filler and the length.
 
 /// The older string of even capacities; members at the 17 that `capacities8.h` lists. At any other
 /// capacity of the current string it is its bare image, as a source for the conversions.

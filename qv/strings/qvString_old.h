@@ -5,11 +5,11 @@
 #include "qv/strings/members16.h"
 
 /// The older 16-bit string, text first and length behind it, kept so that text in older records can
-/// be read, worked on and brought to `_qvString<N>`, which takes it by construction and assignment.
+/// be read, edited and converted to `_qvString<N>`, which takes it by construction and assignment.
 /// There is no way back. Exists for the capacities of `_qvString<N>`, in an image of the same size.
 ///
 /// The members are those of `Members`, `Members16` and the ones below. Writing past the text
-/// (`addSpacing` without room) meets the length itself.
+/// (`addSpacing` without room) overwrites the length.
 ///
 /// @tparam N The capacity in units.
 template <int N>

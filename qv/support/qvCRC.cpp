@@ -33,7 +33,7 @@ constexpr std::array<std::uint16_t, 256> makeTable16()
     return table;
 }
 
-/// Eight bytes as a number, the first byte lowest. Compiles to one load where bytes lie so.
+/// Eight bytes as a number, the first byte lowest. Compiles to one load on a little-endian machine.
 std::uint64_t loadLittleEndian(unsigned char const* data)
 {
     std::uint64_t value = 0;
@@ -43,8 +43,8 @@ std::uint64_t loadLittleEndian(unsigned char const* data)
 }
 
 /// A byte of an entry, 0 the lowest, by a load of its own. The empty instruction hides from the
-/// compiler that it is one: it would join the byte with other steps on bytes and widen the result
-/// behind them, which costs a step in the chain of look-ups.
+/// compiler that it is a byte: else the compiler combines it with other bytes first and widens the
+/// result afterwards, which costs a step in the chain of look-ups.
 template <typename Entry>
 std::uint64_t byteOf(Entry const& entry, std::size_t place)
 {

@@ -46,7 +46,7 @@ _qvString8_allSize<250> qvGetDirName_local(_qvString8_allSize<250> path)
     if (path.endsWith('/'))
         path.setLength(static_cast<short>(path.length - 1));
 
-    // Positions 0 and 1 are no cuts: the root, a drive or a network path would go.
+    // No cut at positions 0 and 1: it would drop the root, a drive or a network path.
     constexpr int firstCut = 2;
     int const last = path.lastIndexOf('/', -1);
     bool const isNetwork = path.text[1] == '/';

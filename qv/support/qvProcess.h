@@ -4,10 +4,10 @@
 #include "qv/strings/qvString8.h"
 
 /// @file
-/// What a program asks of the process it runs in. Paths have "/" as their separator on every
-/// platform, and 250 characters at most. Nothing allocates or reports.
+/// The directory and the environment of the running program. Paths have "/" as their separator on
+/// every platform, and 250 characters at most. Nothing allocates or reports.
 
-/// Finds the directory of the running program. Where the platform does not tell (on Linux also for
+/// Finds the directory of the running program. Where the platform gives no path (on Linux also for
 /// a path above 250 bytes), `argv0` is taken instead, cut at 250 characters: an absolute path as it
 /// is; a bare name as it is; another against the current directory, where each "../" climbs and a
 /// name ahead of the last one is dropped (intended). Fewer than 4 characters are no path. A "/./"
@@ -23,8 +23,8 @@ bool qvApplicationPath(_qvString8_allSize<250>& out, char* argv0);
 _qvString8_allSize<250> qvApplicationPath(char* argv0);
 
 /// The directory part of a path. Up to two characters come back unchanged. A "/" at position 0 or 1
-/// is never a cut (/tool gives /tool/), and a "/" in second place makes any path a network path
-/// whose server and share stay whole (a/b/c gives a/b/c/): both intended.
+/// never ends the directory (/tool gives /tool/), and a "/" in second place makes any path a
+/// network path whose server and share stay whole (a/b/c gives a/b/c/): both intended.
 /// @param path The path. A length above 250, which only a damaged record holds, counts as 250.
 /// @return The directory, with a trailing "/" unless it has 250 characters already.
 _qvString8_allSize<250> qvGetDirName_local(_qvString8_allSize<250> path);

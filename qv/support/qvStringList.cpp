@@ -43,9 +43,9 @@ int* sorted(int* from, int* to, std::ptrdiff_t count, Precedes precedes)
     return from;
 }
 
-/// Brings to each place the element whose number stands there, along the rings in which they change
-/// places. Elements are assigned, so that each place keeps its reserved bytes.
-/// @param numbers Each number once. They end as their own places.
+/// Moves to each place the element whose number is there, one cycle of the permutation after the
+/// other. Elements are assigned, so that each place keeps its reserved bytes.
+/// @param numbers Each number once. Afterwards each place has its own number.
 void arrange(Element* items, int* numbers, int count)
 {
     for (int first = 0; first < count; ++first) {
@@ -63,7 +63,7 @@ void arrange(Element* items, int* numbers, int count)
     }
 }
 
-/// Sorts by exchanging neighbours: slow, but without memory.
+/// Sorts by exchanging neighbours: slow, but allocates nothing.
 void sortInPlace(Element* items, int count, Precedes precedes)
 {
     for (int limit = count - 1; limit >= 1; --limit) {
@@ -97,7 +97,8 @@ void _qvStringList::init()
     std::memset(charBuffer, 0, sizeof charBuffer);
 }
 
-/// Makes room for one element more. Out of memory the list is lost: false.
+/// Makes room for one more element.
+/// @return False when memory ran out: the list is lost.
 bool _qvStringList::grow()
 {
     ++count;
@@ -164,8 +165,8 @@ int _qvStringList::findContains(_qvString<500> const& text, bool const& caseSens
     return -1;
 }
 
-// A list that never held an element hands out address null, by decision; the sanitizer would stop
-// a caller that only asks for it.
+// A list that never held an element returns a reference to address null (intended); the sanitizer
+// would stop a caller that does not even read it.
 __attribute__((no_sanitize("undefined"))) _qvString<500> const&
 _qvStringList::at(int const& index) const
 {
@@ -204,7 +205,7 @@ void _qvStringList::copyFrom(_qvStringList const& other)
     if (count == 0)
         return;
     if (items == nullptr)
-        std::abort(); // a fault that stops the process, by decision
+        std::abort(); // running out of memory ends the process (intended)
     // Whole blocks, `reserved` included.
     std::memcpy(static_cast<void*>(items), other.items, wanted * sizeof(Element));
 }

@@ -3,11 +3,11 @@
 #include "qv/strings/keepStorage.h"
 #include "qv/strings/qvString.h"
 
-/// An ordered list of `_qvString<500>` values in one block that it owns. `append` brings the block
+/// An ordered list of `_qvString<500>` values in one block that it owns. `append` resizes the block
 /// to exactly `count` elements; `removeAt` leaves it as it is, with stale slots behind `count`. The
 /// farm's programs read the fields.
 ///
-/// An element travels between slots as its length and its whole text area; `reserved` stays with
+/// An element moves between slots with its length and its whole text area; `reserved` stays with
 /// the slot. Nothing is reported: a position out of range is passed over or means the first slot,
 /// and running out of memory loses the list. No two threads may share a list, not even for
 /// reading, since `atAsChar` writes.
@@ -34,7 +34,7 @@ public:
     /// @param caseSensitive For that search only.
     void append(_qvString<500> const& text, bool const& unique, bool const& caseSensitive);
 
-    /// Puts an element in, moving later ones up. Never refuses a duplicate. When memory runs out
+    /// Inserts an element, moving later ones up. Never refuses a duplicate. When memory runs out
     /// all elements are lost.
     /// @param index Its place. Beyond the end appends; a negative one does nothing.
     /// @param text The element; may be one of this list.
@@ -62,8 +62,7 @@ public:
     /// @param index Position from 0.
     _qvString<500> const& at(int const& index) const;
 
-    /// An element as a C text, in `charBuffer`: it holds until the next call. Look at `count`
-    /// first.
+    /// An element as a C text, in `charBuffer`: valid until the next call. Look at `count` first.
     /// @param index Position from 0. Out of range, the first slot.
     /// @return The low bytes of the element, at most 499, zero-terminated.
     char const* atAsChar(int const& index) const;
@@ -78,8 +77,8 @@ public:
     /// @param other The list; not this one.
     void copyFrom(_qvStringList const& other);
 
-    /// All elements in one line, each between single quotes and followed by a blank. Of an element
-    /// the low bytes up to its first zero unit count. Not const although it changes nothing.
+    /// All elements in one line, each between single quotes and followed by a blank. An element
+    /// gives its low bytes up to its first zero unit. Not const although it changes nothing.
     /// @return The line, cut at 1000 characters without a mark.
     _qvString8_allSize<1000> asString8();
 

@@ -1,5 +1,5 @@
-// Compiled with its own floating-point flags (CMakeLists.txt): every step of float2Str is rounded
-// to single precision by itself, whatever the program that links it was built with.
+// Compiled with its own floating-point flags (CMakeLists.txt): each single step of float2Str is
+// rounded to single precision, whatever flags the linking program was built with.
 
 #include "qv/support/qvText.h"
 
@@ -11,7 +11,7 @@ static_assert(FLT_EVAL_METHOD == 0, "float arithmetic must be rounded to float a
 
 namespace {
 
-/// `value` truncated to 32 bits; the smallest number for what does not fit.
+/// `value` truncated to 32 bits; the smallest number when it does not fit.
 int integerPart(float value)
 {
     bool const fits = value >= -0x1p31F && value < 0x1p31F;
@@ -27,8 +27,8 @@ float powerOfTen(int decimals)
     return power;
 }
 
-/// `fraction` rounded half away from zero: the low 32 bits of the 64-bit result, 0 for what does
-/// not fit there.
+/// `fraction` rounded half away from zero: the low 32 bits of the 64-bit result, 0 when it does not
+/// fit into 64 bits.
 int roundedFraction(float fraction)
 {
     double const shifted = static_cast<double>(fraction) + (fraction < 0 ? -0.5 : 0.5);

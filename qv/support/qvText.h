@@ -17,8 +17,8 @@ _qvString<25> int2Str(int const& value);
 /// - a negative number has its sign twice, -1.5 with one decimal is "-1.-5", and the second counts
 ///   as a digit of the fraction: so is -1.05 with two. Above -1 only the second shows: "0.-5";
 /// - decimals of 0 and below still give one digit, 0 or 1: 3.7 is "3.1";
-/// - what has no 32-bit integer part, not-a-number included, shows -2147483648; of a rounded
-///   fraction the low 32 bits count, and one that passes 64 bits counts as 0.
+/// - a value without a 32-bit integer part, not-a-number included, shows -2147483648; a rounded
+///   fraction counts with its low 32 bits, and as 0 when it passes 64 bits.
 ///
 /// @param value The number.
 /// @param decimals Digits that the fraction is rounded to.

@@ -6,7 +6,7 @@
 
 namespace qvSegment {
 
-/// What a program has to know to find a segment and its record without the class.
+/// For programs that find a segment and its record without the class.
 
 /// Bytes ahead of the record: the lock byte and seven reserved ones.
 constexpr int segmentPrefixSize = 8;
@@ -33,8 +33,8 @@ constexpr int segmentRecordSize(int totalSize)
 }
 
 /// The System V key of a segment, by its whole name ("QV_..._1234567"): the low 24 bits of the
-/// name's CRC-32. Two names that agree in them meet in one segment, and a key that comes out as 0
-/// is the system's private key; nothing guards either.
+/// name's CRC-32. Two names that agree in them share one segment, and a key of 0 is the system's
+/// private key; nothing prevents either.
 int segmentKey(_qvString8_allSize<250> const& name);
 
 } // namespace qvSegment

@@ -5,8 +5,8 @@
 
 namespace qvSupport {
 
-/// The steps of `qvApplicationPath` behind the platform's answer, which is empty when there is
-/// none. `argv0` may be null and does not point into `out`, which is overwritten first.
+/// `qvApplicationPath` with the platform's answer, which is empty when there is none. `argv0` may
+/// be null and does not point into `out`, which is overwritten first.
 bool applicationPathFrom(_qvString<250> const& answer, char const* argv0,
                          _qvString8_allSize<250>& out);
 

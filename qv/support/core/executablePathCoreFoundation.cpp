@@ -6,9 +6,9 @@
 
 namespace {
 
-/// The units of the system's string. With a direct pointer only as many BYTES as it has units are
-/// copied, half the path, while the other route gets it whole: intended. Neither writes more than
-/// the string holds.
+/// Copies the units of the system's string. With a direct pointer only as many BYTES as it has
+/// units are copied, half the path, while the other route copies all of it (intended). Neither
+/// writes more than `path` holds.
 void takeUnits(CFStringRef text, _qvString<250>& path)
 {
     constexpr CFIndex capacity = 250;
