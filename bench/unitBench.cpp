@@ -114,20 +114,6 @@ void removeUnits(std::string const& at, String const& source, Peer const& peer)
     });
 }
 
-/// One pass into another string: what does it best when the text grows.
-template <typename Peer>
-void replaceOnePass(Peer& target, Peer const& text, Peer const& from, Peer const& to)
-{
-    target.clear();
-    std::size_t done = 0;
-    for (auto at = text.find(from); at != Peer::npos; at = text.find(from, done)) {
-        target.append(text, done, at - done);
-        target += to;
-        done = at + from.size();
-    }
-    target.append(text, done);
-}
-
 template <typename String>
 void replaceTexts(std::string const& name, std::string const& size, std::string const& text,
                   char const* from, char const* to)
