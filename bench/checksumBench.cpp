@@ -36,6 +36,30 @@ unsigned plain16(unsigned char const* data, unsigned length)
     return state;
 }
 
+unsigned char plainXor(unsigned char const* data, unsigned length)
+{
+    unsigned char sum = 0;
+    for (unsigned i = 0; i < length; ++i)
+        sum = static_cast<unsigned char>(sum ^ data[i]);
+    return sum;
+}
+
+unsigned char plainXorOfUnits(unsigned char const* data, unsigned length)
+{
+    unsigned char sum = 0;
+    for (unsigned i = 0; i < length / 2; ++i)
+        sum = static_cast<unsigned char>(sum ^ data[2 * i]);
+    return sum;
+}
+
+unsigned plainMirror(unsigned value, int bits)
+{
+    unsigned mirrored = 0;
+    for (int i = 0; i < bits; ++i)
+        mirrored |= (value >> i & 1) << (bits - 1 - i);
+    return mirrored;
+}
+
 void ofLength(unsigned length)
 {
     qvCRCInitialize();
@@ -55,8 +79,28 @@ void ofLength(unsigned length)
     sum("crc64", "plainLoop", plain64);
     sum("crc16", "ours", [](auto* bytes, unsigned count) { return qvCRCCalc16(bytes, count); });
     sum("crc16", "plainLoop", plain16);
+    sum("crc32Part", "ours", [](auto* bytes, unsigned count) {
+        unsigned state = 0xFFFFFFFFu;
+        qvCRCPartial(&state, bytes, count);
+        return state;
+    });
+    sum("crc32Part", "plainLoop", [](auto* bytes, unsigned count) {
+        return plainReflected(0xFFFFFFFFu, bytes, count, qvCRCulTable);
+    });
+    sum("xor", "ours", [](auto* bytes, unsigned count) { return qvCRCCalc8(bytes, count, false); });
+    sum("xor", "plainLoop", plainXor);
+    sum("xorOfUnits", "ours",
+        [](auto* bytes, unsigned count) { return qvCRCCalc8(bytes, count / 2, true); });
+    sum("xorOfUnits", "plainLoop", plainXorOfUnits);
 }
 
-[[maybe_unused]] bool const registered = (ofLength(31), ofLength(4096), true);
+void mirror()
+{
+    measure("mirror/bits/32/ours", [value = 0u]() mutable { return qvCRCReflect(++value, 32); });
+    measure("mirror/bits/32/plainLoop",
+            [value = 0u]() mutable { return plainMirror(++value, 32); });
+}
+
+[[maybe_unused]] bool const registered = (ofLength(31), ofLength(4096), mirror(), true);
 
 } // namespace

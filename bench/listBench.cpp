@@ -1,9 +1,8 @@
-/// The string list beside std::vector<std::string>, and float2Str beside snprintf. The list is
-/// simple by decision: one reallocation per append, linear search.
+/// The string list beside std::vector<std::string>. The list is simple by decision: one
+/// reallocation per append, linear search.
 
 #include "bench/measure.h"
 #include "qv/support/qvStringList.h"
-#include "qv/support/qvText.h"
 
 #include <algorithm>
 #include <array>
@@ -38,6 +37,59 @@ void fill(_qvStringList& list, std::vector<_qvString<500>> const& elements)
         list.append(element, false, true);
 }
 
+/// What no other element holds.
+_qvString<500> partOf(_qvString<500> const& element)
+{
+    return element.left('.', true);
+}
+
+/// Copies, and what is done in front of all other elements.
+void measureListEdits(std::string const& size, std::shared_ptr<_qvStringList> const& filled,
+                      std::vector<std::string> const& names)
+{
+    measure("listCopy/names/" + size + "/ours", [filled] {
+        _qvStringList list;
+        list.copyFrom(*filled);
+        return list.count;
+    });
+    measure("listCopy/names/" + size + "/vector",
+            [names] { return std::vector<std::string>(names).size(); });
+
+    // A turn leaves the list as it was.
+    auto const edited = std::make_shared<_qvStringList>();
+    edited->copyFrom(*filled);
+    measure("listInsert/first/" + size + "/ours", [edited, text = _qvString<500>("first")] {
+        edited->insert(0, text);
+        edited->removeAt(0);
+        return edited->count;
+    });
+    measure("listInsert/first/" + size + "/vector",
+            [list = names, text = std::string("first")]() mutable {
+                list.insert(list.begin(), text);
+                list.erase(list.begin());
+                return list.size();
+            });
+
+    measure("listText/last/" + size + "/ours",
+            [filled] { return filled->atAsChar(filled->count - 1); });
+    measure("listText/last/" + size + "/vector", [names, text = std::array<char, 500>()]() mutable {
+        return std::snprintf(text.data(), text.size(), "%s", names.back().c_str());
+    });
+    // Cut at 1000 characters, so after some 38 of these names.
+    measure("listLine/names/" + size + "/ours", [filled] { return filled->asString8(); });
+    measure("listLine/names/" + size + "/vector", [names] {
+        std::string line;
+        for (std::string const& name : names) {
+            line += '\'';
+            line += name;
+            line += "' ";
+            if (line.size() >= 1000)
+                break;
+        }
+        return line;
+    });
+}
+
 void measureList(int count)
 {
     std::string const size = std::to_string(count);
@@ -63,6 +115,18 @@ void measureList(int count)
     measure("listFind/last/" + size + "/vector", [names] {
         return std::find(names.begin(), names.end(), names.back()) - names.begin();
     });
+    measure("listFindPart/last/" + size + "/ours",
+            [filled, part = partOf(elements.back())] { return filled->findContains(part, true); });
+    measure("listFindPart/last/" + size + "/vector",
+            [names, part = std::string(partOf(elements.back()).to_qvString8_250().asChar())] {
+                return std::find_if(names.begin(), names.end(),
+                                    [&part](std::string const& name) {
+                                        return name.find(part) != std::string::npos;
+                                    }) -
+                       names.begin();
+            });
+
+    measureListEdits(size, filled, names);
 
     measure("listSort/names/" + size + "/ours", [elements] {
         _qvStringList list;
@@ -95,25 +159,11 @@ void measureSort(int count)
     });
 }
 
-void measureFloats()
-{
-    static constexpr std::array<float, 4> values = {3.14159F, -1204.5F, 0.001F, 1234567.9F};
-    measure("floatToText/decimals/3/ours", [turn = 0u]() mutable {
-        return float2Str(values[++turn % values.size()], 3, '.').length;
-    });
-    measure("floatToText/decimals/3/snprintf", [turn = 0u]() mutable {
-        std::array<char, 64> text;
-        return std::snprintf(text.data(), text.size(), "%.3f",
-                             static_cast<double>(values[++turn % values.size()]));
-    });
-}
-
 [[maybe_unused]] bool const registered = [] {
     for (int const count : {10, 100, 1000, 4000}) {
         measureList(count);
         measureSort(count);
     }
-    measureFloats();
     return true;
 }();
 
