@@ -293,6 +293,13 @@ void Process::recordEnd(int waitStatus)
         result.endedBySignal = WTERMSIG(waitStatus);
 }
 
+bool Process::hasStopped() const
+{
+    siginfo_t stop{};
+    return waitid(P_PID, static_cast<id_t>(process), &stop, WSTOPPED | WNOHANG) == 0 &&
+           stop.si_pid == process;
+}
+
 bool Process::hasEnded()
 {
     int waitStatus = 0;

@@ -66,6 +66,8 @@ public:
 
     void signal(int number) const;
     bool hasEnded();
+    // True once after each stop by a signal.
+    bool hasStopped() const;
     std::string outputSoFar(); // of a file or a terminal
     bool waitForOutput(std::string const& text, double seconds);
     void stopTerminal() const { controlTerminal(true); }
