@@ -66,7 +66,7 @@ struct ReflectedTable
 };
 
 /// The table of a 16-bit CRC that takes the most significant bit first, with the bytes of each
-/// entry swapped: on a state with swapped bytes such a CRC takes the steps of a reflected one.
+/// entry swapped: on a state with swapped bytes it takes the steps of a reflected one.
 struct SwappedTable16
 {
     std::uint16_t const* entries;
@@ -75,10 +75,10 @@ struct SwappedTable16
     std::uint64_t high(std::uint64_t index) const { return byteOf(entries[index], 0); }
 };
 
-/// Advances a state over a block, one look-up per byte. The time goes into the chain from one
-/// look-up to the next, so two things are kept out of it: eight data bytes at a time join the
-/// state ahead of their look-ups, and the next index is formed from the low byte of the entry
-/// without waiting for the rest.
+/// Advances a state over a block, one look-up per byte. The chain from one look-up to the next
+/// takes the time, so two steps are kept out of it: eight data bytes at a time join the state ahead
+/// of their look-ups, and the next index is formed from the low byte of the entry without waiting
+/// for the rest.
 template <typename Table>
 std::uint64_t advance(std::uint64_t state, unsigned char const* data, unsigned long length,
                       Table table)

@@ -12,7 +12,7 @@
 /// them builds the CRC-32 table then, and all write the same values. A race detector may report
 /// those writes; a program that wants none of it calls `qvCRCInitialize` before it starts threads.
 /// `qvCRCPartial` reads the table without asking for it, so its thread calls `qvCRCInitialize` or
-/// `qvCRCCalc` first, or is started after such a call.
+/// `qvCRCCalc` first, or is started after one of these calls.
 
 /// Table of the CRC-32, in reflected form: zero at start, filled by `qvCRCInitialize`.
 extern unsigned int qvCRCulTable[256];

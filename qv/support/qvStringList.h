@@ -84,7 +84,7 @@ public:
 
     _qvString<500>* items;        ///< Start of the block; null until the first `append`.
     int count;                    ///< Elements in use.
-    mutable char charBuffer[500]; ///< What `atAsChar` hands out.
+    mutable char charBuffer[500]; ///< The text that `atAsChar` returns.
 
 private:
     bool isInside(int index) const { return index >= 0 && index < count; }

@@ -12,12 +12,12 @@ namespace {
 
 #ifdef __linux__
 
-// The kernel itself is asked. A C library has signals of its own for threads, glibc 32 and 33, musl
-// 34 too, which is glibc's SIGRTMIN: its calls neither block them nor show them. Whoever sends one
-// of them to a process with one thread ends it, like any other.
+// Everything here is a call of the kernel. A C library keeps signals for its threads (glibc 32 and
+// 33, musl 34 too, which is glibc's SIGRTMIN), and its own calls neither block nor show them. Yet
+// they end a process with one thread like any other signal.
 constexpr std::size_t setSize = (NSIG - 1) / 8;
 
-/// How the kernel describes what a signal does: on most processors the handler comes first.
+/// The kernel's description of a signal's action: on most processors the handler comes first.
 struct KernelAction
 {
 #ifdef __mips__

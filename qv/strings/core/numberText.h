@@ -2,8 +2,8 @@
 
 #include "qv/strings/core/textRef.h"
 
-/// Numbers to text and back. The text is what the system library's formatting gives, without
-/// asking a locale. What does not fit is cut at the end.
+/// Numbers to text and back. The text equals that of the system library's formatting, but never
+/// depends on a locale. What does not fit is cut at the end.
 
 namespace qvStrings {
 

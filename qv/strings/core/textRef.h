@@ -59,7 +59,7 @@ public:
         return stored < capacity() ? stored : capacity();
     }
 
-    /// The length as it is stored, for the few members that are laid down to trust it.
+    /// The length as it is stored, for the few members whose contract is to trust it.
     unsigned storedLength() const
     {
         unsigned short stored;

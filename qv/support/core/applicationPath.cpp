@@ -21,8 +21,8 @@ Path currentDirectory()
     return directory;
 }
 
-/// A relative path with a "/" in it, against `directory`: each "../" climbs, and what is ahead
-/// of the last one is dropped, names included (intended).
+/// Resolves a relative path with a "/" in it against `directory`: each "../" climbs, and all that
+/// is ahead of the last one is dropped, names included (intended).
 Path resolve(Path const& relative, Path directory)
 {
     if (!directory.endsWith('/'))
