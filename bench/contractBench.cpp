@@ -1,5 +1,5 @@
-/// What the checks of QV_CHECKED cost a build without them: members that have one beside the core's
-/// function under them, which has none.
+/// The cost of QV_CHECKED's checks in a build without them: members with a check beside the core's
+/// functions that they call, which have none.
 
 #include "bench/measure.h"
 #include "bench/texts.h"

@@ -1,6 +1,6 @@
-/* The system calls of `qvNodeDispatch abort`, made without any C library: what a run costs before a
-   single line of ours. The floor that the tool's whole-process time is held against; it judges
-   nothing and is no sender to use. For Linux on x86-64 and aarch64. */
+/* The system calls of `qvNodeDispatch abort`, made without any C library: the cost of a run before a
+   single line of ours, and so the floor of the tool's whole-process time. It checks nothing and is no
+   sender to use. For Linux on x86-64 and aarch64. */
 #include <asm/unistd.h>
 
 typedef unsigned long Word;
@@ -39,8 +39,8 @@ enum
     recordOffset = 8
 };
 
-/* The kernel jumps here. Nobody has called, so the stack lies otherwise than x86-64's functions
-   take for granted. */
+/* The kernel jumps here without a call, so the stack is not aligned as functions on x86-64
+   expect. */
 #ifdef __x86_64__
 __attribute__((force_align_arg_pointer))
 #endif

@@ -4,7 +4,7 @@
 
 #include <string>
 
-/// Registers a benchmark of which `body` is one turn. What `body` returns counts as used, and all
+/// Registers a benchmark; `body` is one turn of it. The result of `body` counts as used, and all
 /// memory as changed before the next turn, so nothing is computed ahead or left out.
 ///
 /// Names are `operation/what/size/who`. All benchmarks that differ in `who` alone do the same work

@@ -1,5 +1,5 @@
-/* Does what `qvNodeDispatch abort` asks of the system, and nothing else: the yardstick for the
-   tool's whole-process time. It judges nothing and is no sender to use. */
+/* Makes the system calls of `qvNodeDispatch abort` and does nothing else: the yardstick for the
+   tool's whole-process time. It checks nothing and is no sender to use. */
 #include <signal.h>
 #include <stdio.h>
 #include <sys/ipc.h>

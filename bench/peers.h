@@ -2,13 +2,13 @@
 
 #include <boost/static_string/static_string.hpp>
 
-/// The peer that holds its text in the object as well; and what the standard strings lack and the
-/// fixed strings have, written as one writes it by hand.
+/// The peer that also holds its text in the object; and functions that the fixed strings have and
+/// the standard strings lack, as one writes them by hand.
 
 template <int N>
 using StaticString = boost::static_string<static_cast<std::size_t>(N)>;
 
-/// Every `from` becomes `to`, found from left to right.
+/// Replaces every `from` by `to`, from left to right.
 template <typename String>
 void replaceEvery(String& text, String const& from, String const& to)
 {

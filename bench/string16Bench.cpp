@@ -67,7 +67,7 @@ void makeAndFill(std::string const& at, std::string const& text)
     measure("copy16/" + at + "std::u16string", [s = wide(text)] { return std::u16string(s); });
 }
 
-/// What the largest strings cannot do without: the C library's own pass over as many bytes.
+/// The least that the largest strings have to do: the C library's own pass over as many bytes.
 template <int N>
 void passesOverWholeObject(std::string const& at)
 {

@@ -53,7 +53,7 @@ void compareFolded(std::string const& at, std::string const& text)
             [text, upper] { return strcasecmp(text.c_str(), upper.c_str()); });
 }
 
-/// What the largest strings cannot do without: the C library's own pass over as many bytes.
+/// The least that the largest strings have to do: the C library's own pass over as many bytes.
 void passesOverWholeObject(std::string const& at, std::size_t size, std::string const& text)
 {
     std::string const image(size, '\0');
@@ -91,8 +91,8 @@ void atCapacity()
     compareFolded<N>("full" + size, full);
 }
 
-/// What a copy costs whose length the compiler knows to be bounded by the capacity: g++ expands
-/// it in place to string instructions. The strings keep their copies where that is not known.
+/// The cost of a copy when the compiler knows that the capacity bounds its length: g++ expands it
+/// in place to string instructions. The strings copy where the compiler does not know it.
 void boundedCopy()
 {
     measure("boundedCopy/line/250/memcpy",

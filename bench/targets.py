@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Runs the benchmarks, holds them against what we want of them, and prints a Markdown table.
+"""Runs the benchmarks, compares them with their targets, and prints a Markdown table.
 
 usage: targets.py QVBENCH [--filter REGEX] [--processes N] [--repetitions N] [--seconds S] [--all]
 

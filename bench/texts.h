@@ -35,7 +35,7 @@ inline std::string commonText(std::size_t size)
     return text;
 }
 
-/// A list of paths as a farm has them: many slashes, and what stands between them much alike.
+/// A list of paths as a farm has them: many slashes, and names between them that are much alike.
 inline std::string pathText(std::size_t size)
 {
     static constexpr char const* shows[] = {"/show_07", "/show_11", "/show_23"};
@@ -66,12 +66,12 @@ inline std::string periodicText(std::size_t size)
     return text;
 }
 
-/// A text and what to search for in it.
+/// A text and the patterns to search for in it.
 struct Sample
 {
     char const* name;
     std::string (*text)(std::size_t size);
-    char const* late;   ///< Not in the text by itself: `lateText` puts it at the end.
+    char const* late;   ///< Not in the text; `lateText` puts it at the end.
     char const* absent; ///< Nowhere in the text.
 };
 

@@ -1,6 +1,6 @@
-/// What strings of both widths do with one unit, and with many places at once, beside the C
-/// library, std::string and plain loops. Units that are looked for are nowhere in the text, so that
-/// all of it is read.
+/// Operations of both widths on one unit, and on many places at once, beside the C library,
+/// std::string and plain loops. The units of a search are nowhere in the text, so that all of it is
+/// read.
 
 #include "bench/measure.h"
 #include "bench/peers.h"

@@ -1,4 +1,4 @@
-// The client's record in numbers, laid down apart from the product's: tests in C++ take them from
+// The client's record in numbers, written apart from the product's: tests in C++ take them from
 // here, and clientSegment.py reads this file, one constant a line. qvClientMailboxTest holds them
 // against the product's record.
 #pragma once
@@ -22,7 +22,7 @@ inline constexpr std::size_t messageKindPlace = 2002;
 inline constexpr std::size_t messageTypePlace = 2032;
 inline constexpr std::size_t messageValuePlace = 2062;
 
-// What a client writes.
+// The values that a client writes.
 inline constexpr std::uint32_t rightRecordMarker = 517;
 inline constexpr std::uint16_t rightStateMarker = 3077;
 inline constexpr std::uint16_t rightStateFlag = 1;

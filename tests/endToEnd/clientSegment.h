@@ -1,6 +1,6 @@
 // The client's side of the segment: its bytes as a test wants them, and a process that holds them.
-// Made by the bare system calls, so that a mistake in the product's segment class can't hide
-// itself by being made on both sides.
+// Made by the bare system calls, so that a mistake in the product's segment class isn't made on
+// both sides and hidden.
 #pragma once
 
 #include "tests/endToEnd/clientRecord.h"
@@ -50,7 +50,7 @@ private:
 testing::AssertionResult sameBytes(Bytes const& expected, Bytes const& actual);
 
 // Another process that has made the client's segment and stays attached to it, as a client does. It
-// obeys this object, and when the object ends (or the test program dies) the segment goes as well.
+// obeys this object; when the object ends (or the test program dies) the segment is removed too.
 class ClientHolder
 {
 public:

@@ -6,7 +6,7 @@
 
 namespace endToEnd {
 
-// The version keeps its leading blank, so two blanks stand between the name and the number.
+// The version keeps its leading blank, so two blanks separate the name and the number.
 inline std::string const versionText = " 8.3.05";
 
 inline std::string const banner =
@@ -57,7 +57,7 @@ inline std::string const noSegmentOutput = attachFailedOutput("Shared Memory doe
 
 inline std::string const notPermittedOutput = attachFailedOutput("shmget: Permission denied");
 
-// The numbers are given as text, since the tool's own rendering of them is what is looked at.
+// The numbers are given as text, since the tests check how the tool writes them.
 inline std::string wrongSizeOutput(std::string const& size)
 {
     return banner + versionText + "++++ Shared memory has wrong data size! (" + size + "!=22988)\n";

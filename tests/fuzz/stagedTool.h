@@ -14,7 +14,7 @@ namespace qvTest {
 // call. The segment is allocated to its exact size, and freed when the tool unmaps it.
 SenderRun runTool(SenderScene const& scene);
 
-// What both fronts of the tool are told when they send the message inside the scene.
+// The outcome that both fronts of the tool get when they send the message inside the scene.
 std::optional<Outcome> sendInScene(SenderScene const& scene, ClientMessage const& message);
 
 } // namespace qvTest

@@ -1,7 +1,7 @@
 #pragma once
 
-// Included ahead of every test under the memory sanitizer: templates that the C++ library holds
-// compiled, which it is without the sanitizer, are compiled in the tests anew.
+// Included ahead of every test under the memory sanitizer: the C++ library holds some templates
+// compiled without the sanitizer, so the tests compile them anew.
 
 #include <bits/c++config.h>
 

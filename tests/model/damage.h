@@ -9,8 +9,8 @@
 
 namespace qvTest {
 
-// What a damaged record holds: by a seed, or by an input of bytes, and behind its end by a seed
-// that comes from all of it.
+// The bytes of a damaged record: from a seed, or from an input, and behind its end from a seed that
+// comes from all of it.
 class Damage
 {
 public:

@@ -12,8 +12,8 @@
 
 #include <cstddef>
 
-// What meets damaged strings beside their own members: the images that convert them, the list, the
-// helpers. Each object has a page without access to one side.
+// The other code that meets damaged strings, beside their own members: the images that convert
+// them, the list, the helpers. Each object has a page without access to one side.
 namespace qvTest {
 
 // A damaged string of its own, in pages of its own.

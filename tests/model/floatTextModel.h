@@ -7,8 +7,8 @@
 #include <cstddef>
 #include <cstdint>
 
-// A second writing of float2Str to hold the real one against. It takes another road wherever there
-// is one: each single-precision step is done in double precision and rounded once, which gives the
+// float2Str written a second time, to compare the real one with. It works otherwise wherever it
+// can: each single-precision step is done in double precision and rounded once, which gives the
 // same value for one addition, subtraction or multiplication whatever the compiler contracts; and
 // the digits are made here, without the formatting of the system.
 namespace qvTest {

@@ -9,9 +9,9 @@
 #include <utility>
 #include <vector>
 
-// The list of strings once more, as plainly as it can be said: texts in a std::vector, searched and
-// sorted by the algorithms of the library. Beside the elements it keeps what shows of the memory
-// behind them: stale slots, reserved words as far as they are determined, the calls to the heap.
+// The list of strings once more, as plain as can be: texts in a std::vector, searched and sorted by
+// the algorithms of the library. Beside the elements it keeps the memory behind them as far as it
+// shows: stale slots, reserved words as far as they are determined, the calls to the heap.
 namespace qvTest {
 
 struct ListText
@@ -73,7 +73,7 @@ public:
     struct Slot
     {
         ListText text;
-        // Nothing where nobody has laid it down.
+        // Empty while it is undetermined.
         std::optional<std::uint16_t> reserved;
     };
 

@@ -9,8 +9,9 @@
 
 namespace qvTest {
 
-// What one run of the tool meets: its arguments, the system's answers, the bytes of the segment,
-// and who else writes there meanwhile. The model and the tool itself are put into the same scene.
+// The surroundings of one run of the tool: its arguments, the system's answers, the bytes of the
+// segment, and the bytes that others write there meanwhile. The model and the tool itself run in
+// the same scene.
 struct SenderScene
 {
     // The errno of a call that the system refuses; nothing for one that it grants.

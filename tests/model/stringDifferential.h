@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-// What the differential tests of both widths do: random calls on every image, and on two images
-// side by side.
+// The differential tests of both widths: random calls on every image, and on two images side by
+// side.
 namespace qvTest {
 
 inline std::string nameOf(StringRun const& run)

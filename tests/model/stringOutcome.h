@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-// What a call gives back: a number or truth, what it left in the out-parameter, a string, the bytes
-// of a conversion.
+// The results of a call: a number or truth, the value of the out-parameter, a string, the bytes of
+// a conversion.
 namespace qvTest {
 
 using Bytes = std::vector<unsigned char>;

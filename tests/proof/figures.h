@@ -1,5 +1,5 @@
-// What a proof counts. The program ends with them on one line, `proof: NAME key=value ...`, which
-// docs/testing.md tabulates.
+// The figures of a proof. The program ends with them on one line, `proof: NAME key=value ...`,
+// which docs/testing.md tabulates.
 #pragma once
 
 #include <string>

@@ -1,7 +1,7 @@
 #pragma once
 
-// The ground all scripted segment tests stand on: one qvSharedMemory, a piece of memory that plays
-// the segment, and the script that answers the system calls.
+// The fixture of all scripted segment tests: one qvSharedMemory, a piece of memory that plays the
+// segment, and the script that answers the system calls.
 
 #include "qv/segment/qvSharedMemory.h"
 #include "qv/strings/qvString8.h"

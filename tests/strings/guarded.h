@@ -22,9 +22,9 @@ namespace guarded {
 
 using Bytes = std::vector<unsigned char>;
 
-/// Stands before and behind every object; nothing may ever change it.
+/// Before and behind every object; nothing may ever change it.
 inline constexpr unsigned char guardByte = 0xA5;
-/// Lies in the storage before an object is constructed on it, so that what is kept shows.
+/// Fills the storage before an object is constructed on it, so that kept bytes show.
 inline constexpr unsigned char staleByte = 0xAA;
 
 /// An object of the string class S inside storage that was filled with staleByte before the
