@@ -1,0 +1,2 @@
+// Prints the names of all benchmarks, which register themselves.
+int main() {}
