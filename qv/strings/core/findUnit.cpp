@@ -89,7 +89,8 @@ int countUnit(TextRef<Unit const> self, Unit unit)
 {
     using Block = Lanes<Unit, 16>;
     Sieve<mode, Unit> const one(unit);
-    auto const [units, count] = self.run();
+    Unit const* const units = self.text();
+    unsigned const count = self.length();
     if (count < Block::size)
         return static_cast<int>(std::count_if(
             units, units + count, [one](Unit each) { return one.difference(each) == 0; }));
