@@ -44,7 +44,7 @@ Now now;
 
 void tellCall()
 {
-    std::array<char, 200> line;
+    std::array<char, 200> line{};
     int const size = std::snprintf(
         line.data(), line.size(), "damagedRecords: %s on %s, capacity %zu, seed %llu\n", now.call,
         now.image, now.capacity, static_cast<unsigned long long>(now.seed));
