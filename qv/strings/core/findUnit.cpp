@@ -46,6 +46,9 @@ unsigned indexOfUnit(Run<Unit> text, Unit unit)
         BlockSieve<mode, 16, Unit> const block(one);
         unsigned at = overBlocks<2 * block.size>(
             0, text.count, [&](unsigned i) { return block.zeros(text.units + i) == 0; });
+        at = overBlocks<block.size>(at, text.count, [&](unsigned i) {
+            return block.difference(text.units + i).zeros() == 0;
+        });
         while (at < text.count && one.difference(text.units[at]) != 0)
             ++at;
         return at;
@@ -78,6 +81,8 @@ int findLastUnit(TextRef<Unit const> self, Unit unit, int start)
         constexpr unsigned step = 2 * block.size;
         while (end >= step && block.zeros(text.units + end - step) == 0)
             end -= step;
+        if (end >= block.size && block.difference(text.units + end - block.size).zeros() == 0)
+            end -= block.size;
         while (end != 0 && text.units[end - 1] != unit)
             --end;
         return static_cast<int>(end) - 1;
