@@ -44,6 +44,16 @@ TEST(Lanes, AreOneBitEach)
     expectEveryPattern<unsigned short, 16>();
 }
 
+TEST(Lanes, AreSeenWhereverOneIsSet)
+{
+    EXPECT_FALSE((zeroWhere<char, 16>(0).zeroLanes().any()));
+    EXPECT_FALSE((zeroWhere<unsigned short, 16>(0).zeroLanes().any()));
+    for (unsigned place = 0; place < 16; ++place)
+        EXPECT_TRUE((zeroWhere<char, 16>(1u << place).zeroLanes().any())) << place;
+    for (unsigned place = 0; place < 8; ++place)
+        EXPECT_TRUE((zeroWhere<unsigned short, 16>(1u << place).zeroLanes().any())) << place;
+}
+
 TEST(Lanes, OfASecondBlockFollow)
 {
     using Block = Lanes<unsigned short, 16>;

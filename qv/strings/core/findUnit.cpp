@@ -3,7 +3,9 @@
 #include "qv/strings/core/sieve.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
+#include <iterator>
 
 namespace qvStrings {
 
@@ -17,19 +19,13 @@ unsigned indexOfByte(Run<char> text, char byte)
                             : static_cast<unsigned>(static_cast<char const*>(found) - text.units);
 }
 
-/// Index of the first such letter in either case, or the count: memchr, which is fastest, runs once
-/// for each case. In pieces, since one case may be near and the other far off.
-unsigned indexOfLetter(Run<char> text, char letter)
+/// Fewer units than a block as its last lanes, zeros before them.
+template <typename Unit>
+Lanes<Unit, 16> lastLanesOf(Run<Unit> few)
 {
-    constexpr unsigned piece = 2048;
-    for (unsigned at = 0; at < text.count; at += piece) {
-        auto const part = cut(Run<char>{text.units + at, text.count - at}, piece);
-        unsigned const lower = indexOfByte(part, foldLower(letter));
-        unsigned const first = indexOfByte({part.units, lower}, foldUpper(letter));
-        if (first < part.count)
-            return at + first;
-    }
-    return text.count;
+    Unit block[Lanes<Unit, 16>::size] = {};
+    std::copy_backward(few.units, few.units + few.count, std::end(block));
+    return Lanes<Unit, 16>(block);
 }
 
 } // namespace
@@ -37,22 +33,26 @@ unsigned indexOfLetter(Run<char> text, char letter)
 template <Case mode, typename Unit>
 unsigned indexOfUnit(Run<Unit> text, Unit unit)
 {
-    if constexpr (sizeof(Unit) == 1) {
+    if constexpr (sizeof(Unit) == 1)
         if (mode == Case::exact || foldUpper(unit) == foldLower(unit))
             return indexOfByte(text, unit);
-        return indexOfLetter(text, unit);
-    } else {
-        Sieve<mode, Unit> const one(unit);
-        BlockSieve<mode, 16, Unit> const block(one);
-        unsigned at = overBlocks<2 * block.size>(
-            0, text.count, [&](unsigned i) { return block.zeros(text.units + i) == 0; });
-        at = overBlocks<block.size>(at, text.count, [&](unsigned i) {
-            return block.difference(text.units + i).zeros() == 0;
-        });
-        while (at < text.count && one.difference(text.units[at]) != 0)
-            ++at;
-        return at;
+    Sieve<mode, Unit> const one(unit);
+    BlockSieve<mode, 16, Unit> const block(one);
+    constexpr unsigned size = Lanes<Unit, 16>::size;
+    unsigned at = 0;
+    if (text.count >= size) {
+        at = overBlocks<4 * size>(
+            at, text.count, [&](unsigned i) { return !block.template anyIn<4>(text.units + i); });
+        at = overBlocks<size>(at, text.count,
+                              [&](unsigned i) { return !block.template anyIn<1>(text.units + i); });
+        // The last block reaches back into the one before it.
+        at = std::min(at, text.count - size);
+        unsigned const places = block.difference(text.units + at).zeros();
+        return places == 0 ? text.count : at + static_cast<unsigned>(std::countr_zero(places));
     }
+    while (at < text.count && one.difference(text.units[at]) != 0)
+        ++at;
+    return at;
 }
 
 template <Case mode, typename Unit>
@@ -78,10 +78,10 @@ int findLastUnit(TextRef<Unit const> self, Unit unit, int start)
                                 : static_cast<int>(static_cast<char const*>(found) - text.units);
     } else {
         BlockSieve<Case::exact, 16, Unit> const block(unit);
-        constexpr unsigned step = 2 * block.size;
-        while (end >= step && block.zeros(text.units + end - step) == 0)
+        constexpr unsigned step = 4 * block.size;
+        while (end >= step && !block.template anyIn<4>(text.units + end - step))
             end -= step;
-        if (end >= block.size && block.difference(text.units + end - block.size).zeros() == 0)
+        while (end >= block.size && !block.template anyIn<1>(text.units + end - block.size))
             end -= block.size;
         while (end != 0 && text.units[end - 1] != unit)
             --end;
@@ -93,29 +93,33 @@ template <Case mode, typename Unit>
 int countUnit(TextRef<Unit const> self, Unit unit)
 {
     using Block = Lanes<Unit, 16>;
-    Sieve<mode, Unit> const one(unit);
-    Unit const* const units = self.text();
-    unsigned const count = self.length();
-    if (count < Block::size)
-        return static_cast<int>(std::count_if(
-            units, units + count, [one](Unit each) { return one.difference(each) == 0; }));
-
-    BlockSieve<mode, 16, Unit> const block(one);
-    auto const places = [&](unsigned i) { return block.difference(units + i).zeroLanes(); };
+    constexpr unsigned size = Block::size;
+    BlockSieve<mode, 16, Unit> const block(unit);
+    auto const places = [&](Block units) { return block.difference(units).zeroLanes(); };
+    auto const text = self.run();
     // The last block reaches back into the one before it, so only its last lanes count.
-    unsigned const rest = count % Block::size;
-    Block counts = Block::all(0) - (places(count - Block::size) & Block::lastLanes(rest));
-    constexpr unsigned stretch =
-        254 * Block::size; // with the last block 255, the most a byte counts
+    unsigned const rest = text.count % size;
+    Block const last =
+        text.count < size ? lastLanesOf(text) : Block(text.units + text.count - size);
+    Block counts = Block::all(0) - (places(last) & Block::lastLanes(rest));
+
+    constexpr unsigned stretch = 254 * size; // with the last block 255, the most a byte counts
     unsigned found = 0;
-    for (unsigned at = 0; at < count - rest;) {
-        at = overBlocks<Block::size>(at, std::min(count, at + stretch), [&](unsigned i) {
-            counts = counts - places(i);
+    unsigned at = 0;
+    do {
+        unsigned const end = std::min(text.count, at + stretch);
+        at = overBlocks<2 * size>(at, end, [&](unsigned i) {
+            counts =
+                counts - (places(Block(text.units + i)) + places(Block(text.units + i + size)));
+            return true;
+        });
+        at = overBlocks<size>(at, end, [&](unsigned i) {
+            counts = counts - places(Block(text.units + i));
             return true;
         });
         found += counts.sum();
         counts = Block::all(0);
-    }
+    } while (at < text.count - rest);
     return static_cast<int>(found);
 }
 

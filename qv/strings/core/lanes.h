@@ -99,6 +99,7 @@ public:
     Lanes operator&(Lanes other) const { return Lanes(lanes_ & other.lanes_); }
     Lanes operator^(Lanes other) const { return Lanes(lanes_ ^ other.lanes_); }
 
+    Lanes operator+(Lanes other) const { return Lanes(lanes_ + other.lanes_); }
     Lanes operator-(Lanes other) const { return Lanes(lanes_ - other.lanes_); }
 
     /// `yes` in the lanes where the mask has all bits, `no` where it has none.
@@ -160,6 +161,9 @@ public:
         static_assert(sizeof(Unit) == 2 && bytes == sizeof(LaneMask));
         return laneBits<sizeof(Unit)>(first.zeroMask(), second.zeroMask());
     }
+
+    /// Whether a lane has all bits, where each has all or none.
+    bool any() const { return laneBits<1>(std::bit_cast<LaneMask>(lanes_), LaneMask{}) != 0; }
 
 private:
     static constexpr Lane caseBit = 'a' ^ 'A';

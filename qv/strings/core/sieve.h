@@ -52,11 +52,14 @@ public:
     }
     Block difference(Unit const* units) const { return difference(Block(units)); }
 
-    /// A bit for every unit of two neighbouring blocks, the first one's lowest: set where it is
-    /// equal. For units of two bytes.
-    unsigned zeros(Unit const* units) const
+    /// Whether so many neighbouring blocks hold an equal unit.
+    template <unsigned blocks>
+    bool anyIn(Unit const* units) const
     {
-        return Block::zeros(difference(units), difference(units + size));
+        Block found = difference(units).zeroLanes();
+        for (unsigned at = size; at < blocks * size; at += size)
+            found = found | difference(units + at).zeroLanes();
+        return found.any();
     }
 
 private:
