@@ -332,6 +332,29 @@ TEST_P(Compare, foldedInputIsTakenAsItStands)
     }
 }
 
+/// Long texts are compared many units at a time: each place counts, the last ones too.
+TEST_P(Compare, foldedInputDiffersAtAnyPlace)
+{
+    for (std::size_t const length : {15u, 16u, 17u, 40u, 63u, 64u, 65u, 100u, 200u}) {
+        if (length > image.capacity)
+            continue;
+        std::u16string const lower(length, u'z');
+        std::u16string const upper(length, u'Z');
+        Laid const receiver(image, lower);
+        EXPECT_TRUE(receiver->isEqualUpperCaseInput(Laid(image, upper)));
+        EXPECT_TRUE(receiver->isEqualLowerCaseInput(Laid(image, lower)));
+        for (std::size_t place = 0; place < length; ++place) {
+            SCOPED_TRACE(std::to_string(place) + " of " + std::to_string(length));
+            auto input = lower;
+            input[place] = u'Z';
+            EXPECT_FALSE(receiver->isEqualLowerCaseInput(Laid(image, input)));
+            input = upper;
+            input[place] = u'z';
+            EXPECT_FALSE(receiver->isEqualUpperCaseInput(Laid(image, input)));
+        }
+    }
+}
+
 struct TextRow
 {
     Text receiver;

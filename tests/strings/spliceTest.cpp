@@ -343,6 +343,18 @@ TEST_P(Splice, replacesThroughoutAFullString)
     EXPECT_TRUE(receiver.guardsStand());
 }
 
+/// Each removal moves the rest to the front; the last one leaves its first unit there, in its case.
+TEST_P(Splice, removedTextsLeaveTheFirstUnitOfTheLast)
+{
+    Laid receiver(image, u"abAB");
+    receiver->remove(stringOf(image, u"aB"));
+    EXPECT_TRUE(became(receiver, 0, u"AB\0B\0"sv));
+
+    Laid thrice(image, u"abABaB");
+    thrice->remove(stringOf(image, u"AB"));
+    EXPECT_TRUE(became(thrice, 0, u"aB\0B\0B\0"sv));
+}
+
 /// Each step reads what is there when it runs: the receiver is emptied and gets its head before the
 /// inserted text is read.
 TEST_P(Splice, insertsAStringIntoItself)
