@@ -88,7 +88,7 @@ public:
     /// @return True when the gate is passed and the text ends with the pattern.
     bool endsWith(char const* s, int n) const
     {
-        if (!holdsPattern(this->checkedRef(), counted(s, n).count))
+        if (!holdsPattern(this->checkedRef(), static_cast<unsigned>(n)))
             return false;
         this->expect(measured(s).count <= this->length, {n});
         return ends(this->checkedRef(), measured(s));
