@@ -19,7 +19,7 @@ import time
 
 import record
 from build import Build
-from programs import Builder, CAPACITIES, ROOT
+from programs import Builder, CAPACITIES, ROOT, STRINGS, STRING_TESTS
 from trial import Bench, Image
 
 LEAST_PERCENT = 97
@@ -61,7 +61,7 @@ def measure(program, image, mutants, folder):
     reachedMap = bench.folder / "reached.map"
     reachedMap.write_bytes(bytes((len(mutants) // PAGE + 1) * PAGE))
     for _ in range(TRIES_UNHARMED):
-        ended = bench.run(program, image)
+        ended = bench.run(program, image, test=program.tests)
         if ended.passed:
             break
         say(f"{program.name} fails without a mutant")
@@ -69,7 +69,8 @@ def measure(program, image, mutants, folder):
         raise SystemExit(f"mutate: {program.name} fails each time")
     program.expect(ended.seconds, ended.cpu)
     reached = reachedMap.read_bytes()
-    program.reached = {mutant.number for mutant in mutants if reached[mutant.number]}
+    program.reached = {mutant.number for mutant in mutants
+                       if reached[mutant.number] and program.judges(mutant)}
     shutil.rmtree(bench.folder)
 
 
@@ -101,7 +102,8 @@ class Trials:
     def __init__(self, programs, images, options, known):
         self.programs = sorted(programs, key=lambda program: program.seconds)
         self.images, self.record = images, known
-        self.asksAll = not options.programs  # else a survivor may die by another one
+        self.asked = {program.name for program in programs}
+        self.asksEvery = not options.programs
         self.benches = queue.Queue()
         for job in range(options.jobs):
             self.benches.put(Bench(options.folder / f"job{job}"))
@@ -110,6 +112,10 @@ class Trials:
         self.recording = threading.Lock()
         self.tried = self.survived = 0
         self.latest = collections.defaultdict(list)  # function -> killers, the last one first
+
+    def asksAll(self, mutant):
+        """Else a survivor may die by another program."""
+        return self.asksEvery or mutant.source.startswith(STRINGS) and self.asked >= set(STRING_TESTS)
 
     def tryFunction(self, mutants):
         bench = self.benches.get()
@@ -126,9 +132,13 @@ class Trials:
     def keep(self, mutant, killer):
         """What came of it, for good: the next run goes on behind it."""
         with self.recording:
-            verdict = record.killedBy(killer[0].name, killer[1]) if killer else "survived"
-            if killer or self.asksAll:
-                self.record.put(record.rowOf(mutant, verdict))
+            row = record.rowOf(mutant, record.killedBy(killer[0].name, killer[1]) if killer else
+                               "survived")
+            if killer or self.asksAll(mutant):
+                self.record.put(row)
+            if killer is None:
+                say(f"survived (line {mutant.line}): {row.function}: {row.place}: {row.kind}: "
+                    f"{row.line}")
             self.tried += 1
             self.survived += killer is None
             if time.monotonic() > self.reported + SECONDS_BETWEEN_REPORTS:
@@ -144,7 +154,7 @@ class Trials:
                 return program, test
         for program in self.programs:
             if mutant.number in program.reached:
-                ended = bench.run(program, self.images[program.image], mutant)
+                ended = bench.run(program, self.images[program.image], mutant, program.tests)
                 if not ended.passed:
                     return program, ended.failedTest or "*"
         return None
@@ -235,13 +245,13 @@ def tryAll(owed, builder, pool, options, known):
     say(f"running {len(programs)} test programs without a mutant")
     list(pool.map(lambda program: measure(program, images[program.image], builder.mutants,
                                           options.folder), programs))
+    trials = Trials(programs, images, options, known)
     # What some programs don't come by, others may.
-    idle = {} if options.programs else idleIn(owed, images, programs)
+    idle = idleIn([mutant for mutant in owed if trials.asksAll(mutant)], images, programs)
     for mutant in idle.values():
         known.put(record.idleRow(mutant))
     functions = byFunction([mutant for mutant in owed if function(mutant) not in idle])
     say(f"{sum(map(len, functions))} mutants to be tried")
-    trials = Trials(programs, images, options, known)
     for done in concurrent.futures.as_completed(
             [pool.submit(trials.tryFunction, each) for each in functions]):
         done.result()
