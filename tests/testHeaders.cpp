@@ -1,0 +1,1 @@
+/// Nothing but what the test programs read beforehand.
