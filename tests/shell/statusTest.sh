@@ -28,7 +28,7 @@ run() {
 
 segment() {
     [[ $1 == none ]] || ipcrm -M 0x4efcff 2>/dev/null || true # one of another user stays
-    [[ $1 == none ]] || python3 -B "$here/leaveSegment.py" "$1"
+    [[ $1 == none ]] || python3 -ISB "$here/leaveSegment.py" "$1"
 }
 
 # outcome NAME STATUS STATE BRIEF [ARGUMENT...]: what a command comes to with a segment like that,
@@ -45,11 +45,11 @@ outcome() {
     segment "$state"
     run "$status" "$name, told as an object" "${as[@]}" "$program" --json "$@"
     expect "object of $name" '' \
-        "$(python3 "$here/judgeObject.py" passed text "$1" "$name" "$status" 2>&1)"
+        "$(python3 -IS "$here/judgeObject.py" passed text "$1" "$name" "$status" 2>&1)"
     segment "$state"
     run "$status" "$name, object asked for behind the word" "${as[@]}" "$program" "$@" --json
     expect "object of $name" '' \
-        "$(python3 "$here/judgeObject.py" passed text "$1" "$name" "$status" 2>&1)"
+        "$(python3 -IS "$here/judgeObject.py" passed text "$1" "$name" "$status" 2>&1)"
     segment "$state"
     run "$status" "$name, in brief" "${as[@]}" "$program" "$@" --brief
     expect "line of $name" "$name${brief:+: $brief}" "$(cat passed)"
