@@ -192,6 +192,11 @@ TEST_P(Affix, staleTextIsNoPartOfTheReceiver)
     EXPECT_FALSE(text->startsWith("ab"));
     EXPECT_TRUE(text->startsWith("a"));
     EXPECT_FALSE(text->endsWith("b"));
+
+    Laid const longer(image, u"ab");
+    EXPECT_FALSE(text->startsWith(longer));
+    EXPECT_FALSE(text->startsWithCaseSen(longer));
+    EXPECT_FALSE(text->endsWith(longer));
 }
 
 struct AffixUnitRow

@@ -127,6 +127,56 @@ TEST_P(Search, patterns)
     }
 }
 
+/// A text whose spans nearly match in every block, in two places by turns, with the pattern last.
+std::u16string nearly(std::u16string const& pattern, std::size_t turns)
+{
+    auto first = pattern;
+    auto second = pattern;
+    first[1] = second[2] = u'#';
+    std::u16string text;
+    for (std::size_t i = 0; i < turns; ++i)
+        text += i % 2 == 0 ? first : second;
+    return text + pattern;
+}
+
+/// Each search of a pair would go wrong with what the other one wanted of a first unit.
+TEST_P(Search, goesOnBehindSpansThatNearlyMatch)
+{
+    std::u16string const patterns[] = {u"{AB}", u"QAB}", u"[AB]", u"\xE4QB}", u"aAB{"};
+    for (std::size_t const turns : {1u, 2u, 3u, 4u, 5u, 6u, 8u, 11u, 16u, 40u}) {
+        for (auto const& units : patterns) {
+            auto const written = nearly(units, turns);
+            if (!image.fits(written))
+                continue;
+            SCOPED_TRACE(shown(units) + " behind " + std::to_string(turns));
+            Laid const text(image, written);
+            Laid const pattern(image, units);
+            auto const at = static_cast<int>(4 * turns);
+            EXPECT_EQ(text->indexOf(pattern, 0), at);
+            EXPECT_EQ(text->indexOfCaseSen(pattern, 0), at);
+            EXPECT_EQ(text->containsUpperCaseInput(pattern), units[0] != u'a');
+            EXPECT_TRUE(text->contains(pattern));
+        }
+    }
+}
+
+/// The start has nothing to do with the places in the pattern.
+TEST_P(Search, startsFurtherOnThanThePatternIsLong)
+{
+    for (std::size_t const place : {12u, 40u}) {
+        auto const written = std::u16string(place, u'x') + u"ab";
+        if (!image.fits(written))
+            continue;
+        Laid const text(image, written);
+        Laid const pattern(image, u"ab");
+        auto const at = static_cast<int>(place);
+        for (int start = 0; start <= at; ++start) {
+            EXPECT_EQ(text->indexOf(pattern, start), at) << start;
+            EXPECT_EQ(text->indexOfCaseSen(pattern, start), at) << start;
+        }
+    }
+}
+
 TEST_P(Search, oldTextBehindTheEndIsNotFound)
 {
     Laid text(image, u"ab");

@@ -124,7 +124,6 @@ int countUnit(TextRef<Unit const> self, Unit unit)
 }
 
 #define QV_INSTANTIATE(Unit)                                                                       \
-    template unsigned indexOfUnit<Case::exact>(Run<Unit>, Unit);                                   \
     template unsigned indexOfUnit<Case::folded>(Run<Unit>, Unit);                                  \
     template int findUnit<Case::exact>(TextRef<Unit const>, Unit, int);                            \
     template int findUnit<Case::folded>(TextRef<Unit const>, Unit, int);                           \
@@ -135,5 +134,6 @@ int countUnit(TextRef<Unit const> self, Unit unit)
 QV_INSTANTIATE(char)
 QV_INSTANTIATE(unsigned short)
 #undef QV_INSTANTIATE
+template unsigned indexOfUnit<Case::exact>(Run<unsigned short>, unsigned short);
 
 } // namespace qvStrings
