@@ -47,13 +47,14 @@ g++ -std=c++20 "${warnings[@]}" "${compile[@]}" -fsyntax-only "$scratch/all.cpp"
 expect 'the version of pkg-config' "$version" "$(pkg-config --modversion qv)"
 said="QV_consumer_1234567 'render07' Abort $version"
 for compiler in g++ clang++; do
-    "$compiler" -std=c++20 "${warnings[@]}" "${compile[@]}" "$here/consumer/consumer.cpp" \
-        "${link[@]}" -o "$scratch/byPkgConfig"
+    consumer=$scratch/consumer.o # linked twice
+    "$compiler" -std=c++20 "${warnings[@]}" "${compile[@]}" -c "$here/consumer/consumer.cpp" \
+        -o "$consumer"
+    "$compiler" "$consumer" "${link[@]}" -o "$scratch/byPkgConfig"
     expect "$compiler, by pkg-config" "$said" "$("$scratch/byPkgConfig")"
 
     read -ra linkStatic < <(pkg-config --static --libs qv)
-    "$compiler" -std=c++20 -static "${compile[@]}" "$here/consumer/consumer.cpp" \
-        "${linkStatic[@]}" -o "$scratch/static"
+    "$compiler" -static "$consumer" "${linkStatic[@]}" -o "$scratch/static"
     expect "$compiler, by pkg-config --static" "$said" "$("$scratch/static")"
 
     cmake -S "$here/consumer" -B "$scratch/$compiler" -DCMAKE_CXX_COMPILER="$compiler" \
