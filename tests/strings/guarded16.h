@@ -18,6 +18,7 @@ namespace images16 {
 using guarded::Bytes;
 using guarded::Guarded;
 using guarded::ImageName;
+using guarded::Seen;
 using guarded::staleByte;
 using Unit = unsigned short;
 using Units = std::vector<Unit>;
@@ -139,28 +140,36 @@ std::basic_string<Character> cut(std::basic_string<Character> const& text)
 
 /// The units of an object as text positions see them, in the order of its image: positions below 0
 /// and behind the text reach the other fields, and what lies outside of the object reads as zero.
-template <typename S>
-std::u16string ownUnits(S const& string, long long start, std::size_t count)
+inline std::u16string ownUnits(Seen const& string, long long start, std::size_t count)
 {
-    auto const bytes = guarded::bytesOf(string);
-    auto const byteAt = [&bytes](long long at) {
-        bool const inside = at >= 0 && at < static_cast<long long>(bytes.size());
-        return inside ? unsigned{bytes[static_cast<std::size_t>(at)]} : 0U;
+    auto const byteAt = [&string](long long at) {
+        bool const inside = at >= 0 && at < static_cast<long long>(string.size);
+        return inside ? unsigned{string.bytes[at]} : 0U;
     };
     std::u16string own;
-    auto at = static_cast<long long>(guarded::ImageOf<S>::textAt) + 2 * start;
+    auto at = static_cast<long long>(string.textAt) + 2 * start;
     for (std::size_t i = 0; i < count; ++i, at += 2) {
         own += static_cast<char16_t>(byteAt(at) | byteAt(at + 1) << 8U);
     }
     return own;
 }
 
+template <typename S>
+std::u16string ownUnits(S const& string, long long start, std::size_t count)
+{
+    return ownUnits(guarded::seen(string), start, count);
+}
+
 /// The units in use, zeros inside included.
+inline std::u16string textOf(Seen const& string)
+{
+    auto const length = static_cast<std::size_t>(guarded::lengthOf(string));
+    return ownUnits(string, 0, std::min(length, string.capacity + 1));
+}
 template <typename S>
 std::u16string textOf(S const& string)
 {
-    auto const length = static_cast<std::size_t>(guarded::lengthOf(string));
-    return ownUnits(string, 0, std::min(length, capacity<S> + 1));
+    return images16::textOf(guarded::seen(string));
 }
 
 /// The text of any image where it stands, for arguments that point into the receiver.
@@ -179,19 +188,18 @@ Bytes imageOf(std::size_t length, Text text, unsigned char rest, unsigned char s
 }
 
 /// Length, units and terminator are those of the given text.
-template <typename S>
-testing::AssertionResult holds(S const& string, Text text)
+inline testing::AssertionResult holds(Seen const& string, Text text)
 {
     int const length = guarded::lengthOf(string);
     auto const wrong = [&](std::string const& what) {
         return testing::AssertionFailure()
-               << what << ", length " << length << ", text \"" << shown(textOf(string))
+               << what << ", length " << length << ", text \"" << shown(images16::textOf(string))
                << "\" instead of \"" << shown(text) << '"';
     };
     if (length != static_cast<int>(text.size())) {
         return wrong("length differs");
     }
-    if (textOf(string) != text) {
+    if (images16::textOf(string) != text) {
         return wrong("text differs");
     }
     if (ownUnits(string, static_cast<long long>(text.size()), 1) != std::u16string(1, u'\0')) {
@@ -199,46 +207,61 @@ testing::AssertionResult holds(S const& string, Text text)
     }
     return testing::AssertionSuccess();
 }
+template <typename S>
+testing::AssertionResult holds(S const& string, Text text)
+{
+    return holds(guarded::seen(string), text);
+}
 
 /// The length, and the whole text area: `text` at its start and the byte `rest` in all that is
 /// behind. The terminator is part of `text`. The spare word is not looked at.
-template <typename S>
-testing::AssertionResult areaIs(S const& string, std::size_t length, Text text, unsigned char rest)
+inline testing::AssertionResult areaIs(Seen const& string, std::size_t length, Text text,
+                                       unsigned char rest)
 {
     if (guarded::lengthOf(string) != static_cast<int>(length)) {
         return testing::AssertionFailure()
                << "length is " << guarded::lengthOf(string) << " instead of " << length
-               << ", text \"" << shown(textOf(string)) << '"';
+               << ", text \"" << shown(images16::textOf(string)) << '"';
     }
     std::u16string expected(text);
-    expected.resize(capacity<S> + 1, static_cast<char16_t>(rest * 0x0101));
-    auto const area = ownUnits(string, 0, capacity<S> + 1);
-    for (std::size_t i = 0; i <= capacity<S>; ++i) {
+    expected.resize(string.capacity + 1, static_cast<char16_t>(rest * 0x0101));
+    auto const area = ownUnits(string, 0, string.capacity + 1);
+    for (std::size_t i = 0; i <= string.capacity; ++i) {
         if (area[i] != expected[i]) {
             return testing::AssertionFailure()
                    << "text[" << i << "] is " << shown(area.substr(i, 1)) << " instead of "
-                   << shown(expected.substr(i, 1)) << ", text \"" << shown(textOf(string)) << '"';
+                   << shown(expected.substr(i, 1)) << ", text \"" << shown(images16::textOf(string))
+                   << '"';
         }
     }
     return testing::AssertionSuccess();
+}
+template <typename S>
+testing::AssertionResult areaIs(S const& string, std::size_t length, Text text, unsigned char rest)
+{
+    return areaIs(guarded::seen(string), length, text, rest);
 }
 
 /// A receiver that was Laid on stale bytes now has this length and begins with these units, the
 /// terminator among them, while all else is what it was: the stale units behind, the spare word
 /// and the guard bytes around.
-template <typename S>
-testing::AssertionResult became(Laid<S>& receiver, std::size_t length, Text text)
+inline testing::AssertionResult became(Seen const& receiver, testing::AssertionResult const& guards,
+                                       std::size_t length, Text text)
 {
-    auto const area = areaIs(*receiver, length, text, staleByte);
+    auto const area = areaIs(receiver, length, text, staleByte);
     if (!area) {
         return area;
     }
-    auto const bytes = receiver.bytes();
-    auto const spareAt = guarded::ImageOf<S>::spareAt;
-    if (bytes[spareAt] != staleByte || bytes[spareAt + 1] != staleByte) {
+    unsigned char const* const spare = receiver.bytes + receiver.spareAt;
+    if (spare[0] != staleByte || spare[1] != staleByte) {
         return testing::AssertionFailure() << "the spare word was written";
     }
-    return receiver.guardsStand();
+    return guards;
+}
+template <typename S>
+testing::AssertionResult became(Laid<S>& receiver, std::size_t length, Text text)
+{
+    return became(guarded::seen(*receiver), receiver.guardsStand(), length, text);
 }
 
 /// Case folding written down a second time: of all units only ASCII letters change.

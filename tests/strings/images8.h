@@ -92,16 +92,15 @@ char const* textAt(S const& string)
 
 /// The length, and the whole text area: `text` at its start and `rest` in every byte behind. The
 /// terminator is part of `text`. Spare bytes are not looked at.
-template <typename S>
-testing::AssertionResult areaIs(S const& string, std::size_t length, std::string_view text,
-                                unsigned char rest)
+inline testing::AssertionResult areaIs(guarded::Seen const& string, std::size_t length,
+                                       std::string_view text, unsigned char rest)
 {
     if (guarded::lengthOf(string) != static_cast<int>(length)) {
         return testing::AssertionFailure()
                << "length is " << guarded::lengthOf(string) << " instead of " << length
                << ", text \"" << guarded::textOf(string) << '"';
     }
-    for (std::size_t i = 0; i <= capacity<S>; ++i) {
+    for (std::size_t i = 0; i <= string.capacity; ++i) {
         int const expected = i < text.size() ? static_cast<unsigned char>(text[i]) : rest;
         if (guarded::textByte(string, i) != expected) {
             return testing::AssertionFailure()
@@ -111,41 +110,54 @@ testing::AssertionResult areaIs(S const& string, std::size_t length, std::string
     }
     return testing::AssertionSuccess();
 }
+template <typename S>
+testing::AssertionResult areaIs(S const& string, std::size_t length, std::string_view text,
+                                unsigned char rest)
+{
+    return areaIs(guarded::seen(string), length, text, rest);
+}
 
 /// A receiver that was Laid on stale bytes now has this length and begins with these bytes, the
 /// terminator among them, while all else is what it was: the stale bytes behind, the spare bytes
 /// of the image and the guard bytes around it.
-template <typename S>
-testing::AssertionResult became(Laid<S>& receiver, std::size_t length, std::string_view text)
+inline testing::AssertionResult became(guarded::Seen const& receiver,
+                                       testing::AssertionResult const& guards, std::size_t length,
+                                       std::string_view text)
 {
-    auto const area = areaIs(*receiver, length, text, guarded::staleByte);
+    auto const area = areaIs(receiver, length, text, guarded::staleByte);
     if (!area) {
         return area;
     }
-    auto const bytes = receiver.bytes();
-    for (std::size_t i = 0; i < guarded::ImageOf<S>::spareSize; ++i) {
-        if (bytes[guarded::ImageOf<S>::spareAt + i] != guarded::staleByte) {
+    for (std::size_t i = 0; i < receiver.spareSize; ++i) {
+        if (receiver.bytes[receiver.spareAt + i] != guarded::staleByte) {
             return testing::AssertionFailure() << "the spare byte was written";
         }
     }
-    return receiver.guardsStand();
+    return guards;
+}
+template <typename S>
+testing::AssertionResult became(Laid<S>& receiver, std::size_t length, std::string_view text)
+{
+    return became(guarded::seen(*receiver), receiver.guardsStand(), length, text);
 }
 
 /// The bytes of an object as text positions see them, in the order of its image: positions below 0
 /// and behind the text reach the other fields, and what lies outside of the object reads as zero.
-template <typename S>
-std::string ownBytes(S const& string, long long start, std::size_t count)
+inline std::string ownBytes(guarded::Seen const& string, long long start, std::size_t count)
 {
-    auto const bytes = guarded::bytesOf(string);
     std::string own(count, '\0');
     for (std::size_t i = 0; i < count; ++i) {
-        auto const at =
-            static_cast<long long>(guarded::ImageOf<S>::textAt) + start + static_cast<long long>(i);
-        if (at >= 0 && at < static_cast<long long>(bytes.size())) {
-            own[i] = static_cast<char>(bytes[static_cast<std::size_t>(at)]);
+        auto const at = static_cast<long long>(string.textAt) + start + static_cast<long long>(i);
+        if (at >= 0 && at < static_cast<long long>(string.size)) {
+            own[i] = static_cast<char>(string.bytes[at]);
         }
     }
     return own;
+}
+template <typename S>
+std::string ownBytes(S const& string, long long start, std::size_t count)
+{
+    return ownBytes(guarded::seen(string), start, count);
 }
 
 /// Case folding written down a second time: only ASCII letters change.
