@@ -19,21 +19,29 @@ class Hex8 : public testing::Test
 {};
 TYPED_TEST_SUITE(Hex8, guarded::MainStrings8, ImageName);
 
+void expectText(std::string const& value, std::string_view digits, std::string const& text,
+                guarded::Seen const& receiver, testing::AssertionResult const& guards)
+{
+    SCOPED_TRACE(value + " as " + std::string(digits));
+    EXPECT_TRUE(became(receiver, guards, text.size(), text + '\0'));
+}
+
 /// Appends the code to strings with all the room there is, and with room for one digit less than
 /// the code has.
 template <typename S, typename Value>
 void expectCode(Value value, std::string_view digits)
 {
-    SCOPED_TRACE(std::to_string(value) + " as " + std::string(digits));
+    auto const shown = std::to_string(value);
     Laid<S> receiver("");
     receiver->addHexCode(value);
-    EXPECT_TRUE(became(receiver, digits.size(), std::string(digits) + '\0'));
+    expectText(shown, digits, std::string(digits), guarded::seen(*receiver),
+               receiver.guardsStand());
 
     auto const begun = guarded::letters(capacity<S> - digits.size() + 1);
     Laid<S> tight(begun);
     tight->addHexCode(value);
-    auto const whole = cut<S>(begun + std::string(digits));
-    EXPECT_TRUE(became(tight, capacity<S>, whole + '\0'));
+    auto const whole = (begun + std::string(digits)).substr(0, capacity<S>);
+    expectText(shown, digits, whole, guarded::seen(*tight), tight.guardsStand());
 }
 
 TYPED_TEST(Hex8, appendsChars)

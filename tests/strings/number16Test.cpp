@@ -23,15 +23,21 @@ class NumberCurrent16 : public testing::Test
 {};
 TYPED_TEST_SUITE(NumberCurrent16, CurrentImages, ImageName);
 
+void expectBehindX(std::string_view digits, Seen const& receiver,
+                   testing::AssertionResult const& guards)
+{
+    SCOPED_TRACE(digits);
+    auto const expected = widened("x" + std::string(digits)).substr(0, receiver.capacity);
+    EXPECT_TRUE(became(receiver, guards, expected.size(), expected + u'\0'));
+}
+
 /// Appends to "x" and expects that text with `digits` behind it, cut at the capacity.
 template <typename S, typename Change>
 void expectAppended(std::string_view digits, Change const& change)
 {
-    SCOPED_TRACE(digits);
-    auto const expected = cut<S>(widened("x" + std::string(digits)));
     Laid<S> receiver(u"x");
     change(*receiver);
-    EXPECT_TRUE(became(receiver, expected.size(), expected + u'\0'));
+    expectBehindX(digits, guarded::seen(*receiver), receiver.guardsStand());
 }
 
 TYPED_TEST(Number16, addNr)

@@ -19,14 +19,21 @@ class Number8 : public testing::Test
 TYPED_TEST_SUITE(Number8, guarded::MainStrings8, ImageName);
 
 /// What is appended keeps as many of its first characters as there is room for.
+void expectBoth(std::string_view before, std::string_view appended, guarded::Seen const& receiver,
+                testing::AssertionResult const& guards)
+{
+    SCOPED_TRACE(std::string(before) + " and " + std::string(appended));
+    auto const expected =
+        (std::string(before) + std::string(appended)).substr(0, receiver.capacity);
+    EXPECT_TRUE(became(receiver, guards, expected.size(), expected + '\0'));
+}
+
 template <typename S, typename... Arguments>
 void expectAppended(std::string_view before, std::string_view appended, Arguments const&... value)
 {
-    SCOPED_TRACE(std::string(before) + " and " + std::string(appended));
     Laid<S> receiver(before);
     receiver->addNr(value...);
-    auto const expected = cut<S>(std::string(before) + std::string(appended));
-    EXPECT_TRUE(became(receiver, expected.size(), expected + '\0'));
+    expectBoth(before, appended, guarded::seen(*receiver), receiver.guardsStand());
 }
 
 TYPED_TEST(Number8, appendsInts)
