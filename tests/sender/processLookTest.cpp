@@ -9,6 +9,7 @@
 #include <ctime>
 #include <fcntl.h>
 #include <sys/prctl.h>
+#include <sys/ptrace.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -140,4 +141,34 @@ TEST_F(ProcessLookTest, processWithoutIdIsUnknown)
         EXPECT_EQ(lookNow(pid).pid, pid);
         EXPECT_EQ(lookNow(pid).state, ProcessState::unknown);
     }
+}
+
+TEST_F(ProcessLookTest, processUnderADebuggerIsStopped)
+{
+    Child const child;
+    child.proceed();
+    ASSERT_EQ(ptrace(PTRACE_ATTACH, child.pid(), nullptr, nullptr), 0);
+    waitpid(child.pid(), nullptr, 0);
+    EXPECT_EQ(lookNow(child.pid()).state, ProcessState::stopped);
+    ptrace(PTRACE_DETACH, child.pid(), nullptr, nullptr);
+}
+
+TEST_F(ProcessLookTest, statesHaveWords)
+{
+    EXPECT_STREQ(processStateWord(ProcessState::unknown), "unknown");
+    EXPECT_STREQ(processStateWord(ProcessState::alive), "alive");
+    EXPECT_STREQ(processStateWord(ProcessState::stopped), "stopped");
+    EXPECT_STREQ(processStateWord(ProcessState::dead), "dead");
+}
+
+TEST_F(ProcessLookTest, leavesNoFileOpen)
+{
+    auto const nextFile = [] {
+        int const file = dup(STDIN_FILENO);
+        close(file);
+        return file;
+    };
+    int const before = nextFile();
+    lookNow(getpid());
+    EXPECT_EQ(nextFile(), before);
 }
