@@ -3,6 +3,7 @@
 import os
 import signal
 import subprocess
+import tempfile
 
 from mailboxCase import HEALTHY, TOOL, WITHOUT_PRIVILEGE, MailboxTest, main, view
 from clientSegment import MESSAGE_COUNT, Guest, attached
@@ -33,7 +34,11 @@ class Rights(MailboxTest):
     def test_segment_of_another_user(self):
         if os.geteuid() != 0:
             self.skipTest("only root has other users")
-        other = ["setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"]
+        counts = tempfile.TemporaryDirectory()  # of coverage: only root writes where it was built
+        self.addCleanup(counts.cleanup)
+        os.chmod(counts.name, 0o777)
+        other = ["setpriv", "--reuid=65534", "--regid=65534", "--clear-groups",
+                 "env", f"GCOV_PREFIX={counts.name}"]
         segment = self.segment(mode=0o644)
         self.expect(15, "mayNotSend", MAY_NOT_SEND, before=other)
         self.assertIn("Permission denied", tool_says("abort", before=other))
