@@ -26,6 +26,7 @@ LEAST_PERCENT = 97
 MOST_MEMORY = 4 << 30  # of one run
 MOST_OUTPUT = 1 << 28
 MOST_KILLERS = 4  # of a function that are asked ahead of whole programs
+MOST_NEIGHBOURS = 8  # that one job tries, one after the other
 TRIES_UNHARMED = 3  # where the machine is busy a test of time may fail
 PAGE = 4096
 SECONDS_BETWEEN_REPORTS = 30
@@ -95,7 +96,9 @@ def byFunction(mutants):
     functions = collections.defaultdict(list)
     for mutant in mutants:
         functions[function(mutant)].append(mutant)
-    return sorted(functions.values(), key=len, reverse=True)
+    parts = [each[at:at + MOST_NEIGHBOURS] for each in functions.values()
+             for at in range(0, len(each), MOST_NEIGHBOURS)]
+    return sorted(parts, key=len, reverse=True)
 
 
 class Trials:

@@ -2,6 +2,7 @@
 #include "sender/report.h"
 
 #include "sender/advice.h"
+#include "tests/sender/usedStack.h"
 
 #include <gtest/gtest.h>
 
@@ -25,17 +26,9 @@ std::string shownBy(Function function)
     return testing::internal::GetCapturedStdout();
 }
 
-// Leaves bytes on the stack that no object there may take for its own.
-[[gnu::noinline]] void dirtyTheStack()
-{
-    char volatile bytes[16384];
-    for (char volatile& byte : bytes)
-        byte = '\xA5';
-}
-
 std::string briefOf(Outcome const& outcome)
 {
-    dirtyTheStack();
+    useStack('\xA5');
     return shownBy([&] { showBrief(outcome); });
 }
 
@@ -43,7 +36,7 @@ std::string jsonOf(char const* word, Outcome const& outcome, std::string_view sh
 {
     OutputText text;
     text.add(shown);
-    dirtyTheStack();
+    useStack('\xA5');
     return shownBy([&] { showJson(word, outcome, text); });
 }
 
@@ -184,6 +177,9 @@ TEST(AdviceTest, namesTheNearestWord)
         {"CPUInteractive", nullptr},
         {"seCPUInteractive", "UseCPUInteractive"},
         {"RestartMachineAfter", nullptr},
+        {"xxxabort", nullptr},
+        {"xxxUseWorking", nullptr},
+        {"xxUseWorking", "UseWorking"},
         {"ehckjob", "checkjob"},
         {"hcekjob", "checkjob"},
         {"ABCDEFGHIJKLMNOPQRSTUVWXYZABCDEFGHIJKLMN", nullptr},
@@ -203,6 +199,17 @@ TEST(AdviceTest, saysWhatBecomesOfANumber)
 {
     EXPECT_EQ(adviceOn({"EventFrameDone", "1"}), "");
     EXPECT_EQ(adviceOn({"-eventframedone", "65535"}), "");
+    for (char const* const number : {"9", "12", "345", "6789", "10000"})
+        EXPECT_EQ(adviceOn({"EventFrameDone", number}), "");
+    // A letter at any place of a number of any length.
+    for (std::size_t length = 1; length <= 5; ++length)
+        for (std::size_t place = 0; place < length; ++place) {
+            std::string number(length, '1');
+            number[place] = 'x';
+            EXPECT_NE(adviceOn({"EventFrameDone", number.c_str()}), "") << number;
+            number[place] = '/';
+            EXPECT_NE(adviceOn({"EventFrameDone", number.c_str()}), "") << number;
+        }
     EXPECT_EQ(adviceOn({"EventFrameDone"}), said("EventFrameDone needs a number"));
     EXPECT_EQ(adviceOn({"EventFrameDone", "0"}), said("'0' is no number from 1 to 65535"));
     EXPECT_EQ(adviceOn({"EventFrameDone", ""}), said("'' is no number from 1 to 65535"));

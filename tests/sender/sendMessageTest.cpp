@@ -3,10 +3,12 @@
 
 #include "tests/endToEnd/clientSegment.h"
 #include "tests/fuzz/stagedTool.h"
+#include "tests/sender/usedStack.h"
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,11 +28,28 @@ SenderScene sceneOf(Mailbox const& mailbox)
     return scene;
 }
 
+/// What is told, the same whatever the stack held. A number, fields and a reason are told only of
+/// the outcomes that have them.
 Outcome sent(SenderScene const& scene)
 {
-    auto const outcome = qvTest::sendInScene(scene, {ClientMessageType{2}, 1});
-    EXPECT_TRUE(outcome.has_value());
-    return outcome.value_or(Outcome{Kind::usage, "not sent"});
+    std::optional<Outcome> outcome;
+    for (char const left : {'\xA5', '\0', '\x5A'}) {
+        useStack(left);
+        outcome = qvTest::sendInScene(scene, {ClientMessageType{2}, 1});
+        if (!outcome) {
+            ADD_FAILURE() << "not sent";
+            return {Kind::usage, "not sent"};
+        }
+        auto const kind = outcome->kind;
+        bool const hasReason = kind != Kind::stored && kind != Kind::queueFull &&
+                               kind != Kind::wrongSize && kind != Kind::wrongFormat;
+        EXPECT_EQ(outcome->reason.hasData(), hasReason);
+        EXPECT_EQ(outcome->size != 0, kind == Kind::wrongSize);
+        bool const hasFields = outcome->format.recordMarker != 0 ||
+                               outcome->format.stateMarker != 0 || outcome->format.stateFlag != 0;
+        EXPECT_EQ(hasFields, kind == Kind::wrongFormat);
+    }
+    return *outcome;
 }
 
 } // namespace
