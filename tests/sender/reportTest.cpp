@@ -2,7 +2,7 @@
 #include "sender/report.h"
 
 #include "sender/advice.h"
-#include "tests/sender/usedStack.h"
+#include "tests/usedStack.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 
 #include "tests/endToEnd/clientSegment.h"
 #include "tests/fuzz/stagedTool.h"
-#include "tests/sender/usedStack.h"
+#include "tests/usedStack.h"
 
 #include <gtest/gtest.h>
 

@@ -2,6 +2,7 @@
 
 #include "qv/support/qvStringList.h"
 #include "tests/support/listElements.h"
+#include "tests/usedStack.h"
 
 #include <gtest/gtest.h>
 
@@ -295,6 +296,16 @@ TEST(QvStringListAsString8, LeavesTheListAsItWas)
     line(list);
     EXPECT_EQ(elements(list), (Texts{"one", "two"}));
     EXPECT_STREQ(list.charBuffer, "two");
+}
+
+/// A damaged element ends where its object does, whatever is on the stack behind its copy.
+TEST(QvStringListLine, ElementWithoutAZeroUnitIsShownAlone)
+{
+    List list;
+    fill(list, {"a", "b"});
+    std::fill(std::begin(list.items[0].text), std::end(list.items[0].text), u'x');
+    useStack('y');
+    EXPECT_EQ(line(list), "'" + std::string(501, 'x') + "' 'b' ");
 }
 
 } // namespace
