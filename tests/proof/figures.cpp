@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <deque>
 #include <iostream>
-#include <list>
 #include <vector>
 
 namespace proof {
@@ -17,8 +17,8 @@ struct Figure
     long value;
 };
 
-// A list, since the callers keep references into it.
-std::list<Figure> figures;
+// Callers keep references into it.
+std::deque<Figure> figures;
 std::vector<std::string> arguments;
 
 } // namespace
