@@ -99,18 +99,24 @@ int end(Options const& options, char const* word, Outcome const& outcome, Output
     return rowOf(outcome.kind).status;
 }
 
+/// What came of the message. Where a signal is to end the run, the answer is shown before it does.
+/// @return None when a signal ends the run ahead of the message.
+std::optional<Outcome> sendAndShow(Options const& options, char const* word,
+                                   ClientMessage const& message, OutputText& text)
+{
+    qvSegment::DeferredSignals const untilTold;
+    auto const outcome = sendMessage(message, untilTold, text);
+    if (outcome && untilTold.endsPending())
+        show(options, word, *outcome, text);
+    return outcome;
+}
+
 /// @return The exit status.
 int send(Options const& options, char const* word, ClientMessage const& message, OutputText& text)
 {
     if (options.answer == Answer::text && isatty(STDOUT_FILENO) != 0)
         text.show();
-    std::optional<Outcome> outcome;
-    {
-        qvSegment::DeferredSignals const untilTold;
-        outcome = sendMessage(message, untilTold, text);
-        if (outcome && untilTold.endsPending())
-            show(options, word, *outcome, text);
-    }
+    auto const outcome = sendAndShow(options, word, message, text);
     if (!outcome)
         return 6; // not reached: a signal has ended the run
     show(options, word, *outcome, text);

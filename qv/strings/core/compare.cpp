@@ -47,6 +47,21 @@ template <typename Unit>
                    count);
 }
 
+/// Whether the first units are those of a pattern that the text holds.
+template <Case mode, typename Unit>
+bool equalStart(TextRef<Unit const> self, Run<Unit> pattern)
+{
+    return equal<mode>(self.text(), pattern.units, pattern.count);
+}
+
+/// Whether the last units are, ignoring case.
+template <typename Unit>
+bool equalEnd(TextRef<Unit const> self, Run<Unit> pattern)
+{
+    return equal<Case::folded>(self.text() + (self.length() - pattern.count), pattern.units,
+                               pattern.count);
+}
+
 } // namespace
 
 template <Case mode, typename Unit>
@@ -132,27 +147,24 @@ bool equalFirstHalf(TextRef<unsigned short const> self, Run<unsigned short> othe
 template <Case mode, typename Unit>
 bool begins(TextRef<Unit const> self, Run<Unit> pattern)
 {
-    return holdsPattern(self, pattern.count) &&
-           equal<mode>(self.text(), pattern.units, pattern.count);
+    return holdsPattern(self, pattern.count) && equalStart<mode>(self, pattern);
 }
 
 template <Case mode>
 bool begins(TextRef<unsigned short const> self, Run<char> pattern)
 {
-    return holdsPattern(self, pattern.count) && begins<mode>(self, WidePattern(pattern).run());
+    return holdsPattern(self, pattern.count) && equalStart<mode>(self, WidePattern(pattern).run());
 }
 
 template <typename Unit>
 bool ends(TextRef<Unit const> self, Run<Unit> pattern)
 {
-    return holdsPattern(self, pattern.count) &&
-           equal<Case::folded>(self.text() + (self.length() - pattern.count), pattern.units,
-                               pattern.count);
+    return holdsPattern(self, pattern.count) && equalEnd(self, pattern);
 }
 
 bool ends(TextRef<unsigned short const> self, Run<char> pattern)
 {
-    return holdsPattern(self, pattern.count) && ends(self, WidePattern(pattern).run());
+    return holdsPattern(self, pattern.count) && equalEnd(self, WidePattern(pattern).run());
 }
 
 template <typename Unit>
