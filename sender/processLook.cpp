@@ -62,8 +62,8 @@ bool readStat(pid_t pid, ProcessStat& stat)
 /// When the process began, by the clocks of this moment, in whole seconds.
 std::time_t startTime(ProcessStat const& stat)
 {
-    timespec now;
-    timespec sinceStart;
+    timespec now{};
+    timespec sinceStart{};
     clock_gettime(CLOCK_REALTIME, &now);
     clock_gettime(CLOCK_BOOTTIME, &sinceStart);
     auto const ticksPerSecond = static_cast<unsigned long long>(sysconf(_SC_CLK_TCK));
@@ -117,7 +117,7 @@ ProcessLook lookAtProcess(pid_t pid, std::time_t seenAt)
     look.pid = pid;
     if (pid <= 0)
         return look;
-    ProcessStat stat;
+    ProcessStat stat{};
     if (!readStat(pid, stat)) {
         if (isGone(pid)) // and not only hidden from this user
             look.state = ProcessState::dead;

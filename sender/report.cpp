@@ -70,7 +70,7 @@ void addString(OutputText& out, std::string_view text)
 void addTime(OutputText& out)
 {
     std::time_t const now = std::time(nullptr);
-    std::tm utc;
+    std::tm utc{};
     gmtime_r(&now, &utc);
     out.addFormatted("%d-%02d-%02dT%02d:%02d:%02dZ", utc.tm_year + 1900, utc.tm_mon + 1,
                      utc.tm_mday, utc.tm_hour, utc.tm_min, utc.tm_sec);
