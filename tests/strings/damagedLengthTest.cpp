@@ -1,7 +1,6 @@
 // A record may hold a length above the capacity: no search may write what it folds past its own
 // copy. The reads stay in the block that stands for the record.
-#include "qv/strings/qvString.h"
-#include "qv/strings/qvString8.h"
+#include "tests/strings/images.h"
 
 #include <gtest/gtest.h>
 
@@ -51,25 +50,36 @@ TYPED_TEST(DamagedLength, searchOverAlikeTextStaysInItsOwnCopies)
     EXPECT_FALSE(this->string().containsUpperCaseInput(pattern));
 }
 
-// The length counts as the capacity: a longer beginning is refused unread.
-TYPED_TEST(DamagedLength, startsWithACountIsCutAtTheCapacity)
-{
-    std::string beginning(250, '?');
-    for (std::size_t i = 0; i < beginning.size(); ++i)
-        beginning[i] = static_cast<char>(this->string().text[i]);
-    std::string const longer = beginning + std::string(50, '#');
-    EXPECT_TRUE(this->string().startsWith(longer.data(), 250));
-    EXPECT_FALSE(this->string().startsWith(longer.data(), 251));
-    EXPECT_FALSE(this->string().startsWith(longer.data(), 60001));
-    beginning.back() = '#';
-    EXPECT_FALSE(this->string().startsWith(beginning.data(), 250));
-}
-
 TYPED_TEST(DamagedLength, hasNothingUnusedToClear)
 {
     std::vector<unsigned char> const before = this->bytes();
     this->string().clearUnused();
     EXPECT_EQ(this->bytes(), before);
+}
+
+// The length counts as the capacity in every image: a longer beginning is refused.
+template <typename S>
+class DamagedBeginning : public testing::Test
+{};
+
+using EveryImage =
+    testing::Types<_qvString8_allSize<8>, _qvString8_allSize<250>, _qvString8_evenSize_old<14>,
+                   _qvString8_UnevenSize_old<15>, _qvString<10>, _qvString<250>, _qvString_old<10>>;
+TYPED_TEST_SUITE(DamagedBeginning, EveryImage);
+
+TYPED_TEST(DamagedBeginning, isRefusedAboveTheCapacity)
+{
+    int const capacity = guarded::ImageOf<TypeParam>::capacity;
+    std::string beginning(static_cast<std::size_t>(capacity), 'a');
+    TypeParam s(beginning.c_str());
+    s.length = damagedLength;
+    std::string const longer = beginning + std::string(50, '#');
+    EXPECT_TRUE(s.startsWith(longer.data(), capacity));
+    EXPECT_FALSE(s.startsWith(longer.data(), capacity + 1));
+    EXPECT_FALSE(s.startsWith(longer.data(), capacity + 50));
+    EXPECT_FALSE(s.startsWith(longer.data(), damagedLength + 1));
+    beginning.back() = '#';
+    EXPECT_FALSE(s.startsWith(beginning.data(), capacity));
 }
 
 } // namespace
