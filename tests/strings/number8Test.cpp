@@ -247,7 +247,11 @@ TYPED_TEST(Number8, parsesLongNumbers)
     };
     for (auto const& row :
          {Row{"2147483647", INT_MAX}, Row{"-2147483648", INT_MIN}, Row{"4294967296", 4294967296LL},
-          Row{"9223372036854775807", LLONG_MAX}, Row{"-9223372036854775808", LLONG_MIN}}) {
+          Row{"999999999999999999", 999999999999999999LL},
+          Row{"-99999999999999999", -99999999999999999LL},
+          Row{"-999999999999999999", -999999999999999999LL},
+          Row{"1000000000000000001", 1000000000000000001LL}, Row{"9223372036854775807", LLONG_MAX},
+          Row{"-9223372036854775808", LLONG_MIN}}) {
         if (!fits<TypeParam>(row.text)) {
             continue;
         }
@@ -332,6 +336,12 @@ TEST(NumberCut8, endsAtTheCapacityWithoutATerminator)
     EXPECT_EQ(seven.toInt64(nullptr), 7654321);
     EXPECT_EQ(eight.toInt64(nullptr), 12345678);
     EXPECT_EQ(seven.toInt(nullptr), 7654321);
+    bool ok = false;
+    EXPECT_EQ(eight.toInt(&ok), 12345678);
+    EXPECT_TRUE(ok);
+    ok = false;
+    EXPECT_EQ(seven.toInt64(&ok), 7654321);
+    EXPECT_TRUE(ok);
 }
 
 } // namespace

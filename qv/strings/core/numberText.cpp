@@ -8,6 +8,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iterator>
+#include <limits>
+#include <optional>
 
 namespace qvStrings {
 
@@ -65,24 +67,31 @@ private:
     char bytes_[maxCapacity + 1];
 };
 
-/// True when each unit of the text is a digit, or '-' at position 0.
+/// Checks, if `ok` asks for it, that each unit of the text is a digit, or '-' at position 0.
+/// @return The number where that look has settled it, 0 for a refused text. Nothing where `strtol`
+/// has to read it: without a check, and where it would read on behind the text or need its limits.
 template <typename Unit>
-bool isNumber(Run<Unit> text)
+std::optional<long long> settledNumber(TextRef<Unit const> self, bool* ok)
 {
-    for (unsigned i = 0; i < text.count; ++i) {
-        Unit const unit = text.units[i];
-        bool const isDigit = unit >= '0' && unit <= '9';
-        if (!isDigit && (unit != '-' || i != 0))
-            return false;
+    if (ok == nullptr)
+        return std::nullopt;
+    auto const text = self.run();
+    bool const isNegative = text.count != 0 && text.units[0] == '-';
+    unsigned long long value = 0;
+    for (unsigned i = isNegative ? 1 : 0; i < text.count; ++i) {
+        auto const digit = static_cast<unsigned>(text.units[i] - '0');
+        if (digit > 9) {
+            *ok = false;
+            return 0;
+        }
+        value = value * 10 + digit;
     }
-    return true;
-}
-
-/// The check that `ok` asks for.
-template <typename Unit>
-bool passes(TextRef<Unit const> self, bool* ok)
-{
-    return ok == nullptr || (*ok = isNumber(self.run()));
+    *ok = true;
+    constexpr unsigned alwaysFits = std::numeric_limits<long>::digits10;
+    if (text.count > alwaysFits || text.units[text.count] != 0)
+        return std::nullopt;
+    auto const magnitude = static_cast<long long>(value);
+    return isNegative ? -magnitude : magnitude;
 }
 
 /// `atoi` and `atoll`, with one result on all machines: beyond their range some C libraries wrap,
@@ -102,8 +111,8 @@ long long decimalInt64(char const* text)
 template <typename Number>
 Number toNumber(TextRef<char const> self, bool* ok, Number (*convert)(char const*))
 {
-    if (!passes(self, ok))
-        return 0;
+    if (auto const number = settledNumber(self, ok))
+        return static_cast<Number>(*number);
     // An assignment from an older image may have left the text without its terminator.
     if (self.text()[self.capacity()] != 0)
         return convert(TerminatedCopy(self.text(), self.capacity()).text());
@@ -172,8 +181,8 @@ int toInt(TextRef<char const> self, bool* ok)
 
 int toInt(TextRef<unsigned short const> self, bool* ok)
 {
-    if (!passes(self, ok))
-        return 0;
+    if (auto const number = settledNumber(self, ok))
+        return static_cast<int>(*number);
     constexpr unsigned most = 249;
     char bytes[most + 1];
     narrowTerminated(bytes, cut(self.run(), most));
