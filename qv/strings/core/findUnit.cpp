@@ -19,6 +19,20 @@ unsigned indexOfByte(Run<char> text, char byte)
                             : static_cast<unsigned>(static_cast<char const*>(found) - text.units);
 }
 
+/// Index of the first unit that a block sieve lets pass, or the count, in a text of at least so
+/// many blocks. So many are looked at together.
+template <unsigned blocks, typename Block, typename Unit>
+unsigned indexByBlocks(Block const& block, Run<Unit> text)
+{
+    constexpr unsigned step = blocks * Block::size;
+    unsigned at = overBlocks<step>(
+        0, text.count, [&](unsigned i) { return !block.template anyIn<blocks>(text.units + i); });
+    // The last blocks reach back into the ones before them.
+    at = std::min(at, text.count - step);
+    auto const places = block.template placesIn<blocks>(text.units + at);
+    return places == 0 ? text.count : at + static_cast<unsigned>(std::countr_zero(places));
+}
+
 /// Fewer units than a block as its last lanes, zeros before them.
 template <typename Unit>
 Lanes<Unit, 16> lastLanesOf(Run<Unit> few)
@@ -34,22 +48,15 @@ template <Case mode, typename Unit>
 unsigned indexOfUnit(Run<Unit> text, Unit unit)
 {
     if constexpr (sizeof(Unit) == 1)
-        if (mode == Case::exact || foldUpper(unit) == foldLower(unit))
+        if (mode == Case::exact || !isLetter(unit))
             return indexOfByte(text, unit);
     Sieve<mode, Unit> const one(unit);
     BlockSieve<mode, 16, Unit> const block(one);
-    constexpr unsigned size = Lanes<Unit, 16>::size;
+    if (text.count >= 4 * block.size)
+        return indexByBlocks<4>(block, text);
+    if (text.count >= block.size)
+        return indexByBlocks<1>(block, text);
     unsigned at = 0;
-    if (text.count >= size) {
-        at = overBlocks<4 * size>(
-            at, text.count, [&](unsigned i) { return !block.template anyIn<4>(text.units + i); });
-        at = overBlocks<size>(at, text.count,
-                              [&](unsigned i) { return !block.template anyIn<1>(text.units + i); });
-        // The last block reaches back into the one before it.
-        at = std::min(at, text.count - size);
-        unsigned const places = block.difference(text.units + at).zeros();
-        return places == 0 ? text.count : at + static_cast<unsigned>(std::countr_zero(places));
-    }
     while (at < text.count && one.difference(text.units[at]) != 0)
         ++at;
     return at;
@@ -108,9 +115,11 @@ int countUnit(TextRef<Unit const> self, Unit unit)
     unsigned at = 0;
     do {
         unsigned const end = std::min(text.count, at + stretch);
-        at = overBlocks<2 * size>(at, end, [&](unsigned i) {
-            counts =
-                counts - (places(Block(text.units + i)) + places(Block(text.units + i + size)));
+        at = overBlocks<4 * size>(at, end, [&](unsigned i) {
+            auto const pair = [&](unsigned j) {
+                return places(Block(text.units + j)) + places(Block(text.units + j + size));
+            };
+            counts = counts - (pair(i) + pair(i + 2 * size));
             return true;
         });
         at = overBlocks<size>(at, end, [&](unsigned i) {

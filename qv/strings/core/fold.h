@@ -2,6 +2,14 @@
 
 namespace qvStrings {
 
+/// One of the 52 ASCII letters, whatever the locale of the program.
+template <typename Unit>
+constexpr bool isLetter(Unit unit)
+{
+    auto const lower = unit | ('a' ^ 'A');
+    return lower >= 'a' && lower <= 'z';
+}
+
 /// The upper fold of one unit: ASCII a to z become A to Z, every other value stays, whatever the
 /// locale of the program. Written without a branch, so that loops over it vectorise.
 template <typename Unit>

@@ -16,12 +16,14 @@ struct Sieve
     Unit wanted;
     Unit mask;
 
-    explicit Sieve(Unit unit) : wanted(foldSecond<mode>(unit)), mask(static_cast<Unit>(~0))
+    explicit Sieve(Unit unit) : wanted(unit), mask(static_cast<Unit>(~0))
     {
+        if (mode == Case::exact || !isLetter(unit))
+            return;
         // A wanted letter in lower case, promised in upper case, keeps the bit: nothing equals it.
-        bool const isLetter = foldLower(wanted) != foldUpper(wanted);
-        if (mode != Case::exact && isLetter)
-            mask = static_cast<Unit>(~('a' ^ 'A'));
+        mask = static_cast<Unit>(~('a' ^ 'A'));
+        if (mode == Case::folded)
+            wanted &= mask;
     }
 
     /// 0 for an equal unit.
@@ -60,6 +62,18 @@ public:
         for (unsigned at = size; at < blocks * size; at += size)
             found = found | difference(units + at).zeroLanes();
         return found.any();
+    }
+
+    /// A bit for every unit of so many neighbouring blocks, the first one's lowest: set where it is
+    /// equal.
+    template <unsigned blocks>
+    unsigned long long placesIn(Unit const* units) const
+    {
+        static_assert(blocks * size <= 64);
+        unsigned long long places = 0;
+        for (unsigned at = blocks * size; at != 0; at -= size)
+            places = places << size | difference(units + at - size).zeros();
+        return places;
     }
 
 private:
