@@ -332,10 +332,15 @@ TEST(NumberCut8, endsAtTheCapacityWithoutATerminator)
     eight.text[8] = '9';
     _qvString8_allSize<7> seven("7654321");
     seven.text[7] = '0';
-    EXPECT_EQ(eight.toInt(nullptr), 12345678);
-    EXPECT_EQ(seven.toInt64(nullptr), 7654321);
-    EXPECT_EQ(eight.toInt64(nullptr), 12345678);
-    EXPECT_EQ(seven.toInt(nullptr), 7654321);
+    // Each second one finds the first one's digits where it copies its own.
+    int const longer = eight.toInt(nullptr);
+    int const shorter = seven.toInt(nullptr);
+    long long const longer64 = eight.toInt64(nullptr);
+    long long const shorter64 = seven.toInt64(nullptr);
+    EXPECT_EQ(longer, 12345678);
+    EXPECT_EQ(shorter, 7654321);
+    EXPECT_EQ(longer64, 12345678);
+    EXPECT_EQ(shorter64, 7654321);
     bool ok = false;
     EXPECT_EQ(eight.toInt(&ok), 12345678);
     EXPECT_TRUE(ok);

@@ -104,6 +104,7 @@ int countUnit(TextRef<Unit const> self, Unit unit)
     BlockSieve<mode, 16, Unit> const block(unit);
     auto const places = [&](Block units) { return block.difference(units).zeroLanes(); };
     auto const text = self.run();
+    auto const placesAt = [&](unsigned i) { return places(Block(text.units + i)); };
     // The last block reaches back into the one before it, so only its last lanes count.
     unsigned const rest = text.count % size;
     Block const last =
@@ -116,14 +117,12 @@ int countUnit(TextRef<Unit const> self, Unit unit)
     do {
         unsigned const end = std::min(text.count, at + stretch);
         at = overBlocks<4 * size>(at, end, [&](unsigned i) {
-            auto const pair = [&](unsigned j) {
-                return places(Block(text.units + j)) + places(Block(text.units + j + size));
-            };
-            counts = counts - (pair(i) + pair(i + 2 * size));
+            counts = counts - ((placesAt(i) + placesAt(i + size)) +
+                               (placesAt(i + 2 * size) + placesAt(i + 3 * size)));
             return true;
         });
         at = overBlocks<size>(at, end, [&](unsigned i) {
-            counts = counts - places(Block(text.units + i));
+            counts = counts - placesAt(i);
             return true;
         });
         found += counts.sum();
