@@ -35,12 +35,12 @@ constexpr Command commands[] = {
     {"EventFrameDone", nullptr, {ClientMessageType::frameDone, 0}},
 };
 
-std::optional<ClientMessage> messageOf(WorkingText const& word)
+Command const* commandOf(WorkingText const& word)
 {
     for (Command const& command : commands)
         if (word.isEqual(command.word.data(), static_cast<int>(command.word.size())))
-            return command.message;
-    return std::nullopt;
+            return &command;
+    return nullptr;
 }
 
 } // namespace
@@ -55,16 +55,19 @@ Request readCommand(int argc, char const* const* argv)
     Request request{std::nullopt, argv[1]};
     if (request.text.startsWith("-"))
         request.text.remove(0, 1);
-    request.message = messageOf(request.text);
-    if (!request.message || request.message->type != ClientMessageType::frameDone)
+    Command const* const command = commandOf(request.text);
+    if (command == nullptr)
         return request;
-
-    // Without a second argument the word itself is the number's text, which gives 0 like any other
-    // text without leading digits.
-    if (argc >= 3)
-        request.text = argv[2];
-    request.message->value = static_cast<std::uint16_t>(request.text.toInt(nullptr));
-    if (request.message->value == 0)
-        request.message.reset();
+    ClientMessage message = command->message;
+    if (message.type == ClientMessageType::frameDone) {
+        // Without a second argument the word itself is the number's text, which gives 0 like any
+        // other text without leading digits.
+        if (argc >= 3)
+            request.text = argv[2];
+        message.value = static_cast<std::uint16_t>(request.text.toInt(nullptr));
+        if (message.value == 0)
+            return request;
+    }
+    request.message = message;
     return request;
 }

@@ -281,7 +281,7 @@ protected:
     void construct(Run<char> source)
     {
         this->clearSpare();
-        assignCleared(this->ref(), source, Extension::sign);
+        assignCleared(this->ref(), source);
     }
 
     /// The first N units of a text, all text behind them zero; the spare word stays.

@@ -73,7 +73,7 @@ public:
     /// @param p The view, its text sign-extended. Null gives the empty string.
     QV_KEEPS_STORAGE _qvString(_qvString8_Uni_pointer const* p)
     {
-        qvStrings::assignCleared(this->ref(), qvStrings::viewed(p), qvStrings::Extension::sign);
+        qvStrings::assignCleared(this->ref(), qvStrings::viewed(p));
     }
 
     /// The text of an older image: its length, trusted, and the first N units of its text, stale

@@ -14,30 +14,30 @@ void place(TextRef<Unit> self, Run<Source> source, Extension extension)
     self.endAt(source.count);
 }
 
-/// The same, with zeros behind it.
+/// The same, with zeros behind it. Bytes become units by their sign.
 template <typename Unit, typename Source>
-void placeCleared(TextRef<Unit> self, Run<Source> source, Extension extension)
+void placeCleared(TextRef<Unit> self, Run<Source> source)
 {
-    write(self.text(), source, extension);
+    write(self.text(), source, Extension::sign);
     self.storeLength(source.count);
     zeroUnits(self.text() + source.count, self.capacity() + 1 - source.count);
 }
 
-template <auto work, typename Unit, typename Source>
-[[gnu::noinline]] void apart(TextRef<Unit> self, Run<Source> source, Extension extension)
+template <auto work, typename Unit, typename Source, typename... Rest>
+[[gnu::noinline]] void apart(TextRef<Unit> self, Run<Source> source, Rest... rest)
 {
-    work(self, source, extension);
+    work(self, source, rest...);
 }
 
 /// Runs `work`, for long texts in a function of its own: it calls the C library, and short texts
 /// would save registers for a call that they do not make.
-template <auto work, typename Unit, typename Source>
-void withWordsFirst(TextRef<Unit> self, Run<Source> source, Extension extension)
+template <auto work, typename Unit, typename Source, typename... Rest>
+void withWordsFirst(TextRef<Unit> self, Run<Source> source, Rest... rest)
 {
     if (source.count * sizeof(Unit) > longestInline) [[unlikely]]
-        apart<work>(self, source, extension);
+        apart<work>(self, source, rest...);
     else
-        work(self, source, extension);
+        work(self, source, rest...);
 }
 
 /// Writes blanks behind the text and adds them to the length, without a bound.
@@ -79,9 +79,9 @@ void assign(TextRef<Unit> self, Run<Source> source, Extension extension)
 }
 
 template <typename Unit, typename Source>
-void assignCleared(TextRef<Unit> self, Run<Source> source, Extension extension)
+void assignCleared(TextRef<Unit> self, Run<Source> source)
 {
-    withWordsFirst<placeCleared<Unit, Source>>(self, cut(source, self.capacity()), extension);
+    withWordsFirst<placeCleared<Unit, Source>>(self, cut(source, self.capacity()));
 }
 
 void assign(TextRef<unsigned short> self, unsigned short const* text)
@@ -174,7 +174,7 @@ void narrowTerminated(char* target, Run<unsigned short> units)
 
 #define QV_INSTANTIATE_PAIR(Unit, Source)                                                          \
     template void assign(TextRef<Unit>, Run<Source>, Extension);                                   \
-    template void assignCleared(TextRef<Unit>, Run<Source>, Extension);                            \
+    template void assignCleared(TextRef<Unit>, Run<Source>);                                       \
     template void append(TextRef<Unit>, Run<Source>, Extension);
 #define QV_INSTANTIATE(Unit)                                                                       \
     template void assignUnclipped(TextRef<Unit>, Run<Unit>);                                       \
@@ -186,7 +186,7 @@ void narrowTerminated(char* target, Run<unsigned short> units)
 QV_INSTANTIATE_PAIR(char, char)
 QV_INSTANTIATE_PAIR(unsigned short, unsigned short)
 QV_INSTANTIATE_PAIR(unsigned short, char)
-template void assignCleared(TextRef<char>, Run<unsigned short>, Extension);
+template void assignCleared(TextRef<char>, Run<unsigned short>);
 QV_INSTANTIATE(char)
 QV_INSTANTIATE(unsigned short)
 #undef QV_INSTANTIATE

@@ -21,9 +21,9 @@ void assign(TextRef<Unit> self, Run<Source> source, Extension extension = Extens
 void assign(TextRef<unsigned short> self, unsigned short const* text);
 
 /// The text becomes the first units of the source, and all units of the text behind the copied ones
-/// become 0.
+/// become 0. Bytes become units by their sign.
 template <typename Unit, typename Source>
-void assignCleared(TextRef<Unit> self, Run<Source> source, Extension extension = Extension::zero);
+void assignCleared(TextRef<Unit> self, Run<Source> source);
 
 /// The same of a text of units.
 void assignCleared(TextRef<unsigned short> self, unsigned short const* text);
