@@ -76,6 +76,7 @@ TARGETS = [
 SHORT = "of a call into the library, which bounds a damaged length first: 1.5 to 2 ns"
 REASONS = [
     (r"(indexOfUnit|lastIndexOf)/exact/250|calcLength/full/250", SHORT),
+    (r"(equal|compare)Folded/full/25", SHORT),
     (r"(indexOfUnit/folded|count/.*)/250",
      "every lane gets the unit first and the counts are summed last: 4 ns, whatever the length"),
     (r"(equal|compare)Folded/full/5000",
@@ -85,7 +86,8 @@ REASONS = [
     (r"append(16)?/full/.*", "four calls of members, which the peer inlines"),
     (r"removeUnit/folded/250", "the text is copied first, which a short one does not repay"),
     (r"construct/word/5000", "the word is measured and copied, and the zeroing begins behind it"),
-    (r"crc32/.*", "both wait for one look-up after another: 6 cycles for a byte"),
+    (r"replaceText/.*/25", "each place begins a new search, which makes its sieves anew"),
+    (r"crc(32|64)/.*", "both wait for one look-up after another: 6 cycles for a byte"),
     (r"find16/path/.*/25", "two sieves are made for two blocks of spans"),
 ]
 
