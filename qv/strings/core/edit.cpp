@@ -19,6 +19,14 @@ bool isBlank(Unit unit)
     return unit == 0 || unit == '\t' || unit == '\n' || unit == '\r' || unit == ' ';
 }
 
+/// How many units are before the first one that equals `unit`.
+template <Case mode, typename Unit>
+unsigned countBefore(Run<Unit> text, Unit unit)
+{
+    Unit const* const found = firstUnit<mode>(text, unit);
+    return found == nullptr ? text.count : static_cast<unsigned>(found - text.units);
+}
+
 /// Moves the units that do not equal `unit` to the start of the text.
 /// @return Their count.
 template <typename Unit>
@@ -32,7 +40,7 @@ unsigned keepOthers(Unit* text, unsigned count, Unit unit)
     unsigned kept = 0;
     unsigned at = 0;
     if (count >= shortText) {
-        kept = at = indexOfUnit<Case::folded>(Run<Unit>{text, count}, unit);
+        kept = at = countBefore<Case::folded>(Run<Unit>{text, count}, unit);
         moveUnits(copy + at, Run<Unit>{text + at, count - at});
         source = copy;
         // Each stretch between two removed units is copied as a whole block, and the next copy
@@ -85,7 +93,7 @@ void calcLength(TextRef<Unit> self)
     if constexpr (sizeof(Unit) == 1)
         length = static_cast<unsigned>(strnlen(text.units, text.count));
     else
-        length = indexOfUnit<Case::exact, Unit>(text, 0);
+        length = countBefore<Case::exact, Unit>(text, 0);
     self.storeLength(length);
     // Most texts have it already, and a store would delay the next read of the units around it.
     if (self.text()[length] != 0)

@@ -11,18 +11,10 @@ namespace qvStrings {
 
 namespace {
 
-/// `memchr`, with the count for not found.
-unsigned indexOfByte(Run<char> text, char byte)
-{
-    void const* const found = std::memchr(text.units, byte, text.count);
-    return found == nullptr ? text.count
-                            : static_cast<unsigned>(static_cast<char const*>(found) - text.units);
-}
-
-/// Index of the first unit that a block sieve lets pass, or the count, in a text of at least so
-/// many blocks. So many are looked at together.
+/// The first unit that a block sieve lets pass, or null, in a text of at least so many blocks. So
+/// many are looked at together.
 template <unsigned blocks, typename Block, typename Unit>
-unsigned indexByBlocks(Block const& block, Run<Unit> text)
+Unit const* firstByBlocks(Block const& block, Run<Unit> text)
 {
     constexpr unsigned step = blocks * Block::size;
     unsigned at = overBlocks<step>(
@@ -30,7 +22,7 @@ unsigned indexByBlocks(Block const& block, Run<Unit> text)
     // The last blocks reach back into the ones before them.
     at = std::min(at, text.count - step);
     auto const places = block.template placesIn<blocks>(text.units + at);
-    return places == 0 ? text.count : at + static_cast<unsigned>(std::countr_zero(places));
+    return places == 0 ? nullptr : text.units + at + std::countr_zero(places);
 }
 
 /// Fewer units than a block as its last lanes, zeros before them.
@@ -45,32 +37,32 @@ Lanes<Unit, 16> lastLanesOf(Run<Unit> few)
 } // namespace
 
 template <Case mode, typename Unit>
-unsigned indexOfUnit(Run<Unit> text, Unit unit)
+Unit const* firstUnit(Run<Unit> text, Unit unit)
 {
     if constexpr (sizeof(Unit) == 1)
         if (mode == Case::exact || !isLetter(unit))
-            return indexOfByte(text, unit);
+            return static_cast<Unit const*>(std::memchr(text.units, unit, text.count));
     Sieve<mode, Unit> const one(unit);
     BlockSieve<mode, 16, Unit> const block(one);
     if (text.count >= 4 * block.size)
-        return indexByBlocks<4>(block, text);
+        return firstByBlocks<4>(block, text);
     if (text.count >= block.size)
-        return indexByBlocks<1>(block, text);
-    unsigned at = 0;
-    while (at < text.count && one.difference(text.units[at]) != 0)
-        ++at;
-    return at;
+        return firstByBlocks<1>(block, text);
+    for (unsigned at = 0; at < text.count; ++at)
+        if (one.difference(text.units[at]) == 0)
+            return text.units + at;
+    return nullptr;
 }
 
 template <Case mode, typename Unit>
 int findUnit(TextRef<Unit const> self, Unit unit, int start)
 {
     auto const text = self.run();
-    unsigned const from = static_cast<unsigned>(start);
-    unsigned const begin = from < text.count ? from : 0;
-    unsigned const at =
-        begin + indexOfUnit<mode, Unit>({text.units + begin, text.count - begin}, unit);
-    return at < text.count ? static_cast<int>(at) : -1;
+    auto const from = static_cast<unsigned>(start);
+    Run<Unit> const searched =
+        from < text.count ? Run<Unit>{text.units + from, text.count - from} : text;
+    Unit const* const found = firstUnit<mode>(searched, unit);
+    return found == nullptr ? -1 : static_cast<int>(found - text.units);
 }
 
 template <typename Unit>
@@ -132,7 +124,7 @@ int countUnit(TextRef<Unit const> self, Unit unit)
 }
 
 #define QV_INSTANTIATE(Unit)                                                                       \
-    template unsigned indexOfUnit<Case::folded>(Run<Unit>, Unit);                                  \
+    template Unit const* firstUnit<Case::folded>(Run<Unit>, Unit);                                 \
     template int findUnit<Case::exact>(TextRef<Unit const>, Unit, int);                            \
     template int findUnit<Case::folded>(TextRef<Unit const>, Unit, int);                           \
     template int findLastUnit(TextRef<Unit const>, Unit, int);                                     \
@@ -142,6 +134,6 @@ int countUnit(TextRef<Unit const> self, Unit unit)
 QV_INSTANTIATE(char)
 QV_INSTANTIATE(unsigned short)
 #undef QV_INSTANTIATE
-template unsigned indexOfUnit<Case::exact>(Run<unsigned short>, unsigned short);
+template unsigned short const* firstUnit<Case::exact>(Run<unsigned short>, unsigned short);
 
 } // namespace qvStrings

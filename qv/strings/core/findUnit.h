@@ -6,9 +6,9 @@
 
 namespace qvStrings {
 
-/// Index of the first unit that equals `unit`, or the count of the run.
+/// `memchr` for both widths, also ignoring case: the first unit that equals `unit`, or null.
 template <Case mode, typename Unit>
-unsigned indexOfUnit(Run<Unit> text, Unit unit);
+Unit const* firstUnit(Run<Unit> text, Unit unit);
 
 /// First place of one unit at or behind `start`. A start outside the text means 0, even one behind
 /// its end.
