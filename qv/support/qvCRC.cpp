@@ -83,22 +83,25 @@ template <typename Table>
 std::uint64_t advance(std::uint64_t state, unsigned char const* data, unsigned long length,
                       Table table)
 {
+    std::uint64_t index = state & 0xFF;
+    std::uint64_t window = state >> 8; // the state without the byte that is the index
+    auto const lookUp = [&] {
+        std::uint64_t const next = (window & 0xFF) ^ table.low(index);
+        window = (window >> 8) ^ table.high(index);
+        index = next;
+    };
     for (; length >= 8; data += 8, length -= 8) {
-        std::uint64_t window = state ^ loadLittleEndian(data);
-        std::uint64_t index = window & 0xFF;
-        window >>= 8; // from here on without the byte that is the index
-        for (int i = 0; i < 8; ++i) {
-            std::uint64_t const next = (window & 0xFF) ^ table.low(index);
-            window = (window >> 8) ^ table.high(index);
-            index = next;
-        }
-        state = window << 8 | index;
+        std::uint64_t const bytes = loadLittleEndian(data);
+        index ^= bytes & 0xFF;
+        window ^= bytes >> 8;
+        for (int i = 0; i < 8; ++i)
+            lookUp();
     }
     for (; length != 0; ++data, --length) {
-        std::uint64_t const index = (state ^ *data) & 0xFF;
-        state = (state >> 8) ^ table.low(index) ^ table.high(index) << 8;
+        index ^= *data;
+        lookUp();
     }
-    return state;
+    return window << 8 | index;
 }
 
 } // namespace
