@@ -1,8 +1,9 @@
 #include "tests/endToEnd/clientSegment.h"
 
+#include "tests/setUpFailure.h"
+
 #include <cerrno>
 #include <cstring>
-#include <stdexcept>
 #include <sys/ipc.h>
 #include <sys/shm.h>
 #include <sys/socket.h>
@@ -10,6 +11,8 @@
 #include <unistd.h>
 
 namespace endToEnd {
+
+using qvTest::failSetUp;
 
 namespace {
 
@@ -239,18 +242,23 @@ testing::AssertionResult sameBytes(Bytes const& expected, Bytes const& actual)
     return failure;
 }
 
-ClientHolder::ClientHolder(Bytes const& segment) : ClientHolder(segment.size(), segment) {}
+ClientHolder::ClientHolder(Bytes const& segment) : ClientHolder(segment.size())
+{
+    if (!whyNone.empty())
+        failSetUp(whyNone);
+    write(0, segment);
+}
 
 ClientHolder ClientHolder::ofSegmentSize(std::size_t size)
 {
-    return ClientHolder(size, {});
+    return ClientHolder(size);
 }
 
-ClientHolder::ClientHolder(std::size_t size, Bytes const& content)
+ClientHolder::ClientHolder(std::size_t size)
 {
     int ends[2];
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0)
-        throw std::runtime_error("socketpair");
+        failSetUp("socketpair");
     process = fork();
     if (process == 0) {
         close(ends[0]);
@@ -261,14 +269,9 @@ ClientHolder::ClientHolder(std::size_t size, Bytes const& content)
     channel = ends[0];
     std::uint64_t failure = 0;
     receive(&failure, sizeof failure);
-    if (failure != 0) {
-        close(channel);
-        waitpid(process, nullptr, 0);
-        throw std::runtime_error(std::string("the holder can't make the segment: ") +
-                                 std::strerror(static_cast<int>(failure)));
-    }
-    if (!content.empty())
-        write(0, content);
+    if (failure != 0)
+        whyNone = std::string("the holder can't make the segment: ") +
+                  std::strerror(static_cast<int>(failure));
 }
 
 ClientHolder::~ClientHolder()
@@ -281,13 +284,13 @@ ClientHolder::~ClientHolder()
 void ClientHolder::send(void const* data, std::size_t size)
 {
     if (!sendAll(channel, data, size))
-        throw std::runtime_error("the segment's holder is gone");
+        failSetUp("the segment's holder is gone");
 }
 
 void ClientHolder::receive(void* data, std::size_t size)
 {
     if (!receiveAll(channel, data, size))
-        throw std::runtime_error("the segment's holder is gone");
+        failSetUp("the segment's holder is gone");
 }
 
 void ClientHolder::order(char kind, std::uint64_t first, std::uint64_t second)
@@ -297,8 +300,7 @@ void ClientHolder::order(char kind, std::uint64_t first, std::uint64_t second)
     std::uint64_t failure = 0;
     receive(&failure, sizeof failure);
     if (failure != 0)
-        throw std::runtime_error(std::string("the segment's holder: ") +
-                                 std::strerror(static_cast<int>(failure)));
+        failSetUp(std::string("the segment's holder: ") + std::strerror(static_cast<int>(failure)));
 }
 
 Bytes ClientHolder::segment()

@@ -57,8 +57,11 @@ public:
     explicit ClientHolder(Bytes const& segment);
     explicit ClientHolder(Mailbox const& mailbox) : ClientHolder(mailbox.bytes()) {}
 
-    // A segment of this size, whose bytes aren't looked at.
+    // A segment of this size, whose bytes aren't looked at. There is none where refusal() says so.
     static ClientHolder ofSegmentSize(std::size_t size);
+
+    // Why the system made no segment; empty where it did.
+    std::string const& refusal() const { return whyNone; }
 
     ClientHolder(ClientHolder const&) = delete;
     ClientHolder& operator=(ClientHolder const&) = delete;
@@ -81,13 +84,14 @@ public:
     void removeKey();
 
 private:
-    ClientHolder(std::size_t size, Bytes const& content);
+    explicit ClientHolder(std::size_t size);
     void order(char kind, std::uint64_t first = 0, std::uint64_t second = 0);
     void send(void const* data, std::size_t size);
     void receive(void* data, std::size_t size);
 
     pid_t process = -1;
     int channel = -1;
+    std::string whyNone;
 };
 
 } // namespace endToEnd

@@ -1,5 +1,7 @@
 #include "tests/endToEnd/process.h"
 
+#include "tests/setUpFailure.h"
+
 #include <gtest/gtest.h>
 
 #include <cerrno>
@@ -14,7 +16,6 @@
 #include <linux/filter.h>
 #include <linux/seccomp.h>
 #include <poll.h>
-#include <stdexcept>
 #include <sys/mman.h>
 #include <sys/prctl.h>
 #include <sys/ptrace.h>
@@ -27,6 +28,8 @@
 
 namespace endToEnd {
 
+using qvTest::failSetUp;
+
 namespace {
 
 double const hangSeconds = 30;
@@ -35,7 +38,7 @@ char const fillByte = '\0'; // in no text of the tool's
 int checked(int result, char const* what)
 {
     if (result < 0)
-        throw std::runtime_error(std::string(what) + ": " + std::strerror(errno));
+        failSetUp(std::string(what) + ": " + std::strerror(errno));
     return result;
 }
 
@@ -120,6 +123,15 @@ void restoreSignals(RunOptions const& options)
     setrlimit(RLIMIT_CORE, &noCoreFile);
 }
 
+// The end of a process that was to become a program. None of the test's own is run in it.
+[[noreturn]] void endUnstarted(std::string const& what)
+{
+    std::string const complaint = what + ": " + std::strerror(errno) + "\n";
+    [[maybe_unused]] ssize_t const written =
+        write(STDERR_FILENO, complaint.data(), complaint.size());
+    _exit(127);
+}
+
 // The system answers the call instead of making it, in this process and whatever it becomes.
 void letFail(FailingCall const& failing)
 {
@@ -131,7 +143,8 @@ void letFail(FailingCall const& failing)
     };
     sock_fprog const filter{std::size(steps), steps};
     prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
-    checked(prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter), "seccomp");
+    if (prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter) != 0)
+        endUnstarted("seccomp");
 }
 
 bool isAtSystemCall(pid_t process, unsigned long number)
@@ -152,7 +165,7 @@ void signalAtUnmapping(pid_t process, int number)
         checked(waitpid(process, &status, 0), "waitpid");
     }
     if (!WIFSTOPPED(status))
-        throw std::runtime_error("the program ended without leaving a segment");
+        failSetUp("the program ended without leaving a segment");
     kill(process, number);
     ptrace(PTRACE_DETACH, process, nullptr, nullptr);
 }
@@ -250,6 +263,7 @@ void Process::start(std::string const& program, std::vector<std::string> const& 
     startedAt = secondsNow();
     process = checked(fork(), "fork");
     if (process == 0) {
+        prctl(PR_SET_PDEATHSIG, SIGKILL); // also where a set-up fails, and no destructor runs
         restoreSignals(options);
         // Refused where the right isn't held in the first place, which is as good.
         if (options.withoutSegmentPrivilege)
@@ -264,11 +278,7 @@ void Process::start(std::string const& program, std::vector<std::string> const& 
         if (options.failing.call >= 0)
             letFail(options.failing);
         execv(program.c_str(), pointers.data());
-        std::string const complaint =
-            "unable to start " + program + ": " + std::strerror(errno) + "\n";
-        [[maybe_unused]] ssize_t const written =
-            write(STDERR_FILENO, complaint.data(), complaint.size());
-        _exit(127);
+        endUnstarted("unable to start " + program);
     }
     if (programOutput >= 0)
         close(programOutput);

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "tests/setUpFailure.h"
+
 #include <cstddef>
-#include <stdexcept>
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -18,10 +19,10 @@ public:
         void* const all =
             mmap(nullptr, inside + 2 * page, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
         if (all == MAP_FAILED)
-            throw std::runtime_error("no pages to be had");
+            failSetUp("no pages to be had");
         start = static_cast<unsigned char*>(all);
         if (mprotect(begin(), inside, PROT_READ | PROT_WRITE) != 0)
-            throw std::runtime_error("no access to the pages");
+            failSetUp("no access to the pages");
     }
 
     GuardedPages(GuardedPages const&) = delete;

@@ -8,6 +8,7 @@
 #include "tests/model/smallWorld.h"
 #include "tests/model/stringDifferential.h"
 #include "tests/proof/figures.h"
+#include "tests/setUpFailure.h"
 
 #include <gtest/gtest.h>
 
@@ -41,7 +42,7 @@ Progress& sharedProgress()
     void* const place =
         mmap(nullptr, sizeof(Progress), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
     if (place == MAP_FAILED)
-        throw std::bad_alloc();
+        failSetUp("no memory to share");
     return *new (place) Progress;
 }
 

@@ -4,6 +4,7 @@
 #include "tests/endToEnd/clientSegment.h"
 #include "tests/proof/figures.h"
 #include "tests/proof/laidSegment.h"
+#include "tests/setUpFailure.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +13,6 @@
 #include <cstddef>
 #include <fcntl.h>
 #include <set>
-#include <stdexcept>
 #include <string>
 #include <sys/personality.h>
 #include <sys/ptrace.h>
@@ -40,8 +40,10 @@ public:
             becomeTool();
         awaitStop(); // behind its exec
         if (ptrace(PTRACE_SETOPTIONS, process, nullptr,
-                   PTRACE_O_TRACESYSGOOD | PTRACE_O_EXITKILL) != 0)
-            throw std::runtime_error("ptrace");
+                   PTRACE_O_TRACESYSGOOD | PTRACE_O_EXITKILL) != 0) {
+            kill(process, SIGKILL);
+            qvTest::failSetUp("ptrace");
+        }
         while (!isAtSystemCall(SYS_shmat))
             resume(PTRACE_SYSCALL);
         resume(PTRACE_SYSCALL); // to the end of that call
@@ -91,7 +93,7 @@ private:
     {
         int status = 0;
         if (waitpid(process, &status, 0) != process || !WIFSTOPPED(status))
-            throw std::runtime_error("the tool ended before it left the segment");
+            qvTest::failSetUp("the tool ended before it left the segment");
     }
 
     bool isAtSystemCall(unsigned long number) const

@@ -7,6 +7,7 @@
 #include "tests/endToEnd/clientSegment.h"
 #include "tests/proof/figures.h"
 #include "tests/proof/laidSegment.h"
+#include "tests/setUpFailure.h"
 
 #include <gtest/gtest.h>
 
@@ -17,7 +18,6 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <random>
-#include <stdexcept>
 #include <string>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -38,7 +38,7 @@ public:
     Terminal() : ownEnd(posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK))
     {
         if (grantpt(ownEnd) != 0 || unlockpt(ownEnd) != 0)
-            throw std::runtime_error("no terminal to be had");
+            qvTest::failSetUp("no terminal to be had");
         toolsEnd = open(ptsname(ownEnd), O_RDWR | O_NOCTTY);
     }
 
