@@ -39,12 +39,8 @@ within() {
 
 # What runs in a namespace of processes, or was started by the farm's outer shell.
 isOver() {
-    local left
-    left=$(for process in /proc/[0-9]*; do
-        [[ $(readlink "$process/ns/pid") != "$1" ]] || echo "$process"
-        ! grep -qzxF "QV_UP=$scratch/up" "$process/environ" || echo "$process"
-    done 2>/dev/null)
-    [[ -z $left ]]
+    ! grep -qxF "$1" <<<"$(readlink /proc/[0-9]*/ns/pid 2>/dev/null)" &&
+        ! grep -qzxF "QV_UP=$scratch/up" /proc/[0-9]*/environ 2>/dev/null
 }
 
 # ends HOW STATUS: a farm that is up ends so, or is sent a signal of that name.
