@@ -87,7 +87,6 @@ REASONS = [
     (r"removeUnit/folded/250", "the text is copied first, which a short one does not repay"),
     (r"construct/(word|line)/5000", "the word is measured and copied, and the zeroing begins behind it"),
     (r"replaceText/.*/25", "each place begins a new search, which makes its sieves anew"),
-    (r"crc(32|64)/.*", "both wait for one look-up after another: 6 cycles for a byte"),
     (r"find16/path/.*/25", "two sieves are made for two blocks of spans"),
 ]
 
